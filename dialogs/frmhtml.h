@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDialog>
+#include <array>
+
+// "Html Export": the path, the options and the preview of the exported pages.
+class frmHTML : public QDialog {
+    Q_OBJECT
+public:
+    explicit frmHTML(QWidget* parent = nullptr);
+
+    QComboBox* Combo_GridSize;
+    std::array<QCheckBox*, 6> Check1;
+    QCheckBox* Check2;
+};

@@ -1,0 +1,47 @@
+#include "images/bmpfile.h"
+
+#include "model/runtimeerror.h"
+
+#include <QFile>
+#include <cstring>
+
+namespace {
+void put16(char* p, quint16 v) {
+    p[0] = static_cast<char>(v & 0xFF);
+    p[1] = static_cast<char>(v >> 8);
+}
+void put32(char* p, quint32 v) {
+    for (int i = 0; i < 4; ++i) p[i] = static_cast<char>((v >> (8 * i)) & 0xFF);
+}
+} // namespace
+
+QByteArray EncodeBmp24(const QImage& image) {
+    const QImage bgr = image.format() == QImage::Format_BGR888 ? image : image.convertToFormat(QImage::Format_BGR888);
+    const quint32 w = static_cast<quint32>(bgr.width());
+    const quint32 h = static_cast<quint32>(bgr.height());
+    const quint32 stride = (3 * w + 3) & ~3u;
+    const quint32 imageSize = stride * h;
+    QByteArray out(static_cast<qsizetype>(54 + imageSize), '\0');
+    char* d = out.data();
+    d[0] = 'B';
+    d[1] = 'M';
+    put32(d + 2, 54 + imageSize);
+    put32(d + 10, 54);
+    put32(d + 14, 40);
+    put32(d + 18, w);
+    put32(d + 22, h);
+    put16(d + 26, 1);
+    put16(d + 28, 24);
+    put32(d + 34, imageSize);
+    char* row = d + 54;
+    for (quint32 y = 0; y < h; ++y, row += stride)
+        std::memcpy(row, bgr.constScanLine(static_cast<int>(h - 1 - y)), 3 * w);
+    return out;
+}
+
+void SaveBmp24(const QImage& image, const QString& path) {
+    const QByteArray bytes = EncodeBmp24(image);
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate) || file.write(bytes) != bytes.size())
+        throw RunTimeError::PathFileAccess(path);
+}

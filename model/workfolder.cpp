@@ -1,0 +1,48 @@
+#include "model/workfolder.h"
+
+#include "model/runtimeerror.h"
+
+#include <QDir>
+#include <QDirIterator>
+#include <QFile>
+#include <QFileInfo>
+#include <QStandardPaths>
+#include <QTemporaryFile>
+
+QString WorkFolderIn(const QString& programFolder) { return programFolder + QStringLiteral("/MyProjects"); }
+
+namespace {
+bool canWriteIn(const QString& folder) {
+    if (!QFileInfo(folder).isDir()) return false;
+    QTemporaryFile probe(folder + QStringLiteral("/.kelvrin-XXXXXX"));
+    return probe.open();
+}
+} // namespace
+
+QString ChooseWorkFolder(const QString& programFolder) {
+    const QString beside = WorkFolderIn(programFolder);
+    if (QFileInfo(beside).isDir() ? canWriteIn(beside) : canWriteIn(programFolder)) return beside;
+    QString cache = QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation);
+    if (cache.isEmpty()) cache = QDir::homePath() + QStringLiteral("/.cache");
+    return cache + QStringLiteral("/kelvrin/MyProjects");
+}
+
+void EnsureWorkFolder(const QString& path) {
+    if (QFileInfo(path).isDir()) return;
+    if (!QDir().mkpath(path)) throw RunTimeError::PathFileAccess(path);
+}
+
+void DeleteWorkFolder(const QString& path) {
+    QFileInfo info(path);
+    if (!info.exists() && !info.isSymLink()) return;
+    // Read-only files and folders are made writable first so that nothing stays behind.
+    QDirIterator it(path, QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot,
+                    QDirIterator::Subdirectories);
+    while (it.hasNext()) {
+        const QString entry = it.next();
+        if (!it.fileInfo().isSymLink())
+            QFile::setPermissions(entry, QFile::permissions(entry) | QFile::WriteOwner | QFile::ReadOwner |
+                                             QFile::ExeOwner);
+    }
+    if (!QDir(path).removeRecursively()) throw RunTimeError::PathFileAccess(path);
+}

@@ -1,0 +1,170 @@
+#pragma once
+
+#include "model/project.h"
+#include "model/prompts.h"
+#include "stage/stageview.h"
+
+#include <QAction>
+#include <QComboBox>
+#include <QImage>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMainWindow>
+#include <QMenu>
+#include <QPushButton>
+#include <QToolButton>
+#include <functional>
+
+class frmAddNew;
+class frmOptions;
+class frmHTML;
+class frmHelp;
+class frmMsgBox;
+class frmAbout;
+class frmCloseUp;
+
+// The main window: the stage with the current board, the side panel with the board chooser,
+// the pane list and the edit row, and the menus. Its handlers read the controls and call the
+// core routines on the project it is given.
+class frmMain : public QMainWindow {
+    Q_OBJECT
+public:
+    frmMain(Project& project, Prompts& prompts, QWidget* parent = nullptr);
+    ~frmMain() override;
+
+    Project& project;
+    Prompts& prompts;
+
+    // The desktop work area in pixels, the source of every measure of the layout.
+    std::function<QRect()> WorkArea;
+    // Shows one of the program's dialogs modally and returns when it has closed.
+    std::function<void(QDialog&)> ShowModal;
+
+    // Start-up and shut-down.
+    void Form_Load();
+    void InitLists();
+    void Form_Unload();
+
+    // Controls.
+    StageView* picStage;
+    QWidget* picSideBar;
+    QWidget* Toolbar1;
+    QToolButton* ButtonBack; // Toolbar1 button 1, key "Back"
+    QToolButton* ButtonNext; // Toolbar1 button 2, key "Next"
+    QComboBox* Combo_PageView;
+    QListWidget* List1;
+    QLineEdit* Text1;
+    QPushButton* cmdButton;
+    QLineEdit* Text2; // a hidden text buffer
+    QImage picLoader; // off-screen canvases used while a board is drawn
+    QImage tmpPic;
+
+    // Menus; the Pane menu is also the stage's pop-up, Edit List the pane list's.
+    QMenu* mnu_File;
+    QMenu* mnu_Board;
+    QMenu* mnu_Panes;
+    QMenu* mnu_HelpMenu;
+    QMenu* mnu_EditList;
+    QAction* mnu_OpenProject;
+    QAction* mnu_SaveAs;
+    QAction* mnu_ChangeProject;
+    QAction* mnu_ExportHTML;
+    QAction* mnu_Exit;
+    QAction* mnu_BoardChangeProject;
+    QAction* mnu_BoardOptions;
+    QAction* mnu_RandomShuffle;
+    QAction* mnu_LoadPicture;
+    QAction* mnu_MassImage;
+    QAction* mnu_FlipHorizontally;
+    QAction* mnu_FlipVertically;
+    QAction* mnu_MakeBlank;
+    QAction* mnu_Closeup;
+    QAction* mnu_Options;
+    QAction* mnu_Help;
+    QAction* mnu_About;
+    QAction* mnu_Swap;
+    QAction* mnu_Remove;
+    QAction* mnu_ClearAll;
+
+    // The other windows of the program.
+    frmAddNew* AddNew;
+    frmOptions* Options;
+    frmHTML* HTML;
+    frmHelp* Help;
+    frmMsgBox* MsgBox;
+    frmAbout* About;
+    frmCloseUp* CloseUp;
+
+    // Layout and stage state.
+    qint16 LastWorkAreaWidth = 0;
+    float StageSize = 0;     // side of the board square used for drawing and hit testing
+    float StageFullSize = 0; // the stage's height as laid out
+    float CellSize = 0;      // side of one pane cell
+    qint16 SelectedPane = 0;
+    int HoverPane = 0;
+    bool DragActive = false;
+    qint16 SkipNotice = 0;    // the operation notice's opt-out for this run
+    QString LastFileName;     // the path chosen last in a file dialog
+
+    // Layout.
+    qint16 LayoutStage();
+    void ArrangeMainWindow();
+
+    // Boards.
+    void DrawCurrentBoard();
+    void DrawBoard(float cellSize, qint16 gridSide, qint16 cell, bool allCells);
+    void SnapshotStage();
+    int TrackHover(int x, int y, float cellSize, qint16 gridSide);
+    void DrawDragLine(qint16 selectedPane, float cellSize, int x, int y, qint16 gridSide);
+    void ShowPaneText();
+    void Toolbar1_ButtonClick(const QString& key);
+    void Combo_PageView_Click();
+    // Sets the board chooser's selection as the program does: the chooser's click event follows.
+    void SetBoardIndex(int index);
+
+    // Pane list and texts.
+    qint16 FillLists(qint16 gridSide, qint16 boardCount, float stageSize, bool reset);
+    void List1_MouseDown(Qt::MouseButton button, Qt::KeyboardModifiers shift, int x, int y);
+    void SwapItemText();
+    void ResetItemText(bool all, int index);
+    void Text1_Change();
+
+    // Stage mouse.
+    void picStage_MouseDown(Qt::MouseButton button, Qt::KeyboardModifiers shift, int x, int y);
+    void picStage_MouseMove(Qt::MouseButtons buttons, Qt::KeyboardModifiers shift, int x, int y);
+    void picStage_MouseUp(Qt::MouseButton button, Qt::KeyboardModifiers shift, int x, int y);
+
+    // Menu commands.
+    void mnu_OpenProject_Click();
+    void mnu_SaveAs_Click();
+    void mnu_ChangeProject_Click();
+    void mnu_ExportHTML_Click();
+    void mnu_Exit_Click();
+    void mnu_BoardOptions_Click();
+    void mnu_RandomShuffle_Click();
+    void mnu_LoadPicture_Click();
+    void mnu_MassImage_Click();
+    void mnu_FlipHorizontally_Click();
+    void mnu_FlipVertically_Click();
+    void mnu_MakeBlank_Click();
+    void mnu_Closeup_Click();
+    void mnu_Options_Click();
+    void mnu_Help_Click();
+    void mnu_About_Click();
+    void mnu_Swap_Click();
+    void mnu_Remove_Click();
+    void mnu_ClearAll_Click();
+
+    // The blank pane picture, bitmap resource 101.
+    static QImage BlankPicture();
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    void buildControls();
+    void buildMenus();
+    QAction* addCommand(QMenu* menu, const char* name, const QString& caption, void (frmMain::*handler)());
+    bool unloaded_ = false;
+};

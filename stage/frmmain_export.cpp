@@ -1,0 +1,3 @@
+#include "stage/frmmain.h"
+
+void frmMain::mnu_ExportHTML_Click() {}
