@@ -14,4 +14,7 @@ public:
     QComboBox* Combo_GridSize;
     std::array<QCheckBox*, 6> Check1;
     QCheckBox* Check2;
+    // The file name that the window's save dialog offers next. Saving a project sets it to
+    // "Untitled.kv1" (a quirk that is kept); the path button sets its own initial name.
+    QString DialogFileName;
 };
