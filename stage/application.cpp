@@ -36,7 +36,8 @@ bool KelvrinApplication::notify(QObject* receiver, QEvent* event) {
     } catch (const std::bad_alloc&) {
         Fail(RunTimeError::OutOfMemory());
     } catch (const std::exception& error) {
-        Fail(RunTimeError(51, QStringLiteral("Internal error: %1").arg(QString::fromLocal8Bit(error.what()))));
+        Fail(
+            RunTimeError(51, QStringLiteral("Internal error: %1").arg(QString::fromLocal8Bit(error.what()))));
     }
     return false;
 }

@@ -12,6 +12,7 @@
 #include "model/numbers.h"
 #include "model/runtimeerror.h"
 #include "model/workfolder.h"
+#include "stage/panelistwidget.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -33,7 +34,9 @@ constexpr int kRowHeight = 24;
 
 // Resources of a static library are linked in only when pulled in once; this must stay outside
 // any namespace.
-static void initResources() { Q_INIT_RESOURCE(ui); }
+static void initResources() {
+    Q_INIT_RESOURCE(ui);
+}
 
 QImage frmMain::BlankPicture() {
     static const QImage blank = [] {
@@ -54,6 +57,7 @@ frmMain::frmMain(Project& project, Prompts& prompts, QWidget* parent)
         return s ? s->availableGeometry() : QRect(0, 0, 1024, 740);
     };
     ShowModal = [](QDialog& dialog) { dialog.exec(); };
+    ShowPopup = [](QMenu& menu, const QPoint& at) { menu.exec(at); };
 
     buildControls();
     buildMenus();
@@ -65,6 +69,10 @@ frmMain::frmMain(Project& project, Prompts& prompts, QWidget* parent)
     MsgBox = new frmMsgBox(this);
     About = new frmAbout(this);
     CloseUp = new frmCloseUp(this);
+
+    // The layout follows the desktop's work area, whether the window or the desktop changed.
+    if (QScreen* s = QGuiApplication::primaryScreen())
+        connect(s, &QScreen::availableGeometryChanged, this, [this] { ArrangeMainWindow(); });
 }
 
 frmMain::~frmMain() = default;
@@ -94,8 +102,12 @@ void frmMain::buildControls() {
         b->setIcon(style()->standardIcon(icon));
         b->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
         b->setAutoRaise(true);
+        QFont small = b->font();
+        small.setPointSizeF(small.pointSizeF() * 0.85);
+        b->setFont(small);
         b->setGeometry(left, 0, kToolButtonWidth, kToolbarHeight);
-        connect(b, &QToolButton::clicked, this, [this, key] { Toolbar1_ButtonClick(QString::fromLatin1(key)); });
+        connect(b, &QToolButton::clicked, this,
+                [this, key] { Toolbar1_ButtonClick(QString::fromLatin1(key)); });
         return b;
     };
     ButtonBack = makeButton("Back", QStyle::SP_ArrowLeft, "Navigate last Board", 0);
@@ -109,10 +121,10 @@ void frmMain::buildControls() {
     Combo_PageView->setGeometry(66, (kToolbarHeight - kRowHeight) / 2, 200, kRowHeight);
     connect(Combo_PageView, &QComboBox::activated, this, [this] { Combo_PageView_Click(); });
 
-    List1 = new QListWidget(picSideBar);
+    List1 = new PaneListWidget(picSideBar);
     List1->setObjectName(QStringLiteral("List1"));
     List1->setUniformItemSizes(true);
-    List1->viewport()->installEventFilter(this);
+    connect(List1, &PaneListWidget::MouseDown, this, &frmMain::List1_MouseDown);
 
     Text1 = new QLineEdit(picSideBar);
     Text1->setObjectName(QStringLiteral("Text1"));
@@ -130,7 +142,8 @@ void frmMain::buildControls() {
     Text2->hide();
 }
 
-QAction* frmMain::addCommand(QMenu* menu, const char* name, const QString& caption, void (frmMain::*handler)()) {
+QAction* frmMain::addCommand(QMenu* menu, const char* name, const QString& caption,
+                             void (frmMain::*handler)()) {
     auto* action = menu->addAction(caption);
     action->setObjectName(QString::fromLatin1(name));
     connect(action, &QAction::triggered, this, [this, handler] { (this->*handler)(); });
@@ -142,7 +155,8 @@ void frmMain::buildMenus() {
     mnu_File->setObjectName(QStringLiteral("mnu_File"));
     mnu_OpenProject = addCommand(mnu_File, "mnu_OpenProject", QStringLiteral("Open Project"),
                                  &frmMain::mnu_OpenProject_Click);
-    mnu_SaveAs = addCommand(mnu_File, "mnu_SaveAs", QStringLiteral("Save Project As"), &frmMain::mnu_SaveAs_Click);
+    mnu_SaveAs =
+        addCommand(mnu_File, "mnu_SaveAs", QStringLiteral("Save Project As"), &frmMain::mnu_SaveAs_Click);
     mnu_ChangeProject = addCommand(mnu_File, "mnu_ChangeProject", QStringLiteral("Change Project"),
                                    &frmMain::mnu_ChangeProject_Click);
     mnu_File->addSeparator();
@@ -175,9 +189,12 @@ void frmMain::buildMenus() {
     mnu_MakeBlank = addCommand(mnu_Panes, "mnu_MakeBlank", QStringLiteral("Make as Blank"),
                                &frmMain::mnu_MakeBlank_Click);
     mnu_Panes->addSeparator();
-    mnu_Closeup = addCommand(mnu_Panes, "mnu_Closeup", QStringLiteral("CloseUp"), &frmMain::mnu_Closeup_Click);
-    mnu_Options = addCommand(mnu_Panes, "mnu_Options", QStringLiteral("Properties"), &frmMain::mnu_Options_Click);
-    for (QAction* a : {mnu_FlipHorizontally, mnu_FlipVertically, mnu_MakeBlank, mnu_Closeup}) a->setEnabled(false);
+    mnu_Closeup =
+        addCommand(mnu_Panes, "mnu_Closeup", QStringLiteral("CloseUp"), &frmMain::mnu_Closeup_Click);
+    mnu_Options =
+        addCommand(mnu_Panes, "mnu_Options", QStringLiteral("Properties"), &frmMain::mnu_Options_Click);
+    for (QAction* a : {mnu_FlipHorizontally, mnu_FlipVertically, mnu_MakeBlank, mnu_Closeup})
+        a->setEnabled(false);
 
     mnu_HelpMenu = menuBar()->addMenu(QStringLiteral("Help"));
     mnu_HelpMenu->setObjectName(QStringLiteral("mnu_HelpMenu"));
@@ -189,9 +206,11 @@ void frmMain::buildMenus() {
     mnu_EditList->setObjectName(QStringLiteral("mnu_EditList"));
     mnu_Swap = addCommand(mnu_EditList, "mnu_Swap", QStringLiteral("Swap Item"), &frmMain::mnu_Swap_Click);
     mnu_EditList->addSeparator();
-    mnu_Remove = addCommand(mnu_EditList, "mnu_Remove", QStringLiteral("Remove Item"), &frmMain::mnu_Remove_Click);
+    mnu_Remove =
+        addCommand(mnu_EditList, "mnu_Remove", QStringLiteral("Remove Item"), &frmMain::mnu_Remove_Click);
     mnu_EditList->addSeparator();
-    mnu_ClearAll = addCommand(mnu_EditList, "mnu_ClearAll", QStringLiteral("Clear All"), &frmMain::mnu_ClearAll_Click);
+    mnu_ClearAll =
+        addCommand(mnu_EditList, "mnu_ClearAll", QStringLiteral("Clear All"), &frmMain::mnu_ClearAll_Click);
     mnu_Swap->setEnabled(false);
     mnu_Remove->setEnabled(false);
 }
@@ -206,7 +225,8 @@ void frmMain::Form_Load() {
     project.BoardCount = 1;
     ResetPanes(project);
     List1->clear();
-    for (int i = 1; i <= PaneTotal(project); ++i) List1->addItem(Format(i, "000") + QStringLiteral(". ToUse"));
+    for (int i = 1; i <= PaneTotal(project); ++i)
+        List1->addItem(Format(i, "000") + QStringLiteral(". ToUse"));
     SkipNotice = 0;
     // From here on a failure is trapped: a missing JPEG encoder must not keep the program from
     // starting. Exporting pictures reports it when it is needed.
@@ -225,8 +245,8 @@ void frmMain::InitLists() {
     project.IsBusy = true;
 
     AddNew->Combo_MatrixSize->clear();
-    AddNew->Combo_MatrixSize->addItems({QStringLiteral("2 x 2"), QStringLiteral("3 x 3"), QStringLiteral("4 x 4"),
-                                        QStringLiteral("5 x 5")});
+    AddNew->Combo_MatrixSize->addItems(
+        {QStringLiteral("2 x 2"), QStringLiteral("3 x 3"), QStringLiteral("4 x 4"), QStringLiteral("5 x 5")});
     AddNew->Combo_MatrixSize->setCurrentIndex(0);
 
     Combo_PageView->clear();
@@ -238,15 +258,18 @@ void frmMain::InitLists() {
         const char* name;
         qint32 value;
     };
-    const ColourItem moveItems[] = {{"Blue - Light", 255}, {"Blue - Dark", 65535}, {"Yellow", 16711680}, {"Pink", 65280}};
+    const ColourItem moveItems[] = {
+        {"Blue - Light", 255}, {"Blue - Dark", 65535}, {"Yellow", 16711680}, {"Pink", 65280}};
     Options->Combo_MoveHighlight->clear();
-    for (const auto& item : moveItems) Options->Combo_MoveHighlight->addItem(QString::fromLatin1(item.name), item.value);
+    for (const auto& item : moveItems)
+        Options->Combo_MoveHighlight->addItem(QString::fromLatin1(item.name), item.value);
     Options->Combo_MoveHighlight->setCurrentIndex(3);
 
-    const ColourItem gridItems[] = {{"Black", 0},     {"White", 16777215},   {"Red", 255},
-                                    {"Green", 65280}, {"Blue", 16711680}, {"Yellow", 65535}};
+    const ColourItem gridItems[] = {{"Black", 0},     {"White", 16777215}, {"Red", 255},
+                                    {"Green", 65280}, {"Blue", 16711680},  {"Yellow", 65535}};
     Options->Combo_GridHighlight->clear();
-    for (const auto& item : gridItems) Options->Combo_GridHighlight->addItem(QString::fromLatin1(item.name), item.value);
+    for (const auto& item : gridItems)
+        Options->Combo_GridHighlight->addItem(QString::fromLatin1(item.name), item.value);
     Options->Combo_GridHighlight->setCurrentIndex(3);
 
     project.MoveHighlightColor = 65280;
@@ -257,11 +280,12 @@ void frmMain::InitLists() {
     Help->Combo_HelpTopic->setCurrentIndex(0);
 
     HTML->Combo_GridSize->clear();
-    HTML->Combo_GridSize->addItems({QStringLiteral("2 x 2"), QStringLiteral("3 x 3"), QStringLiteral("4 x 4"),
-                                    QStringLiteral("5 x 5")});
+    HTML->Combo_GridSize->addItems(
+        {QStringLiteral("2 x 2"), QStringLiteral("3 x 3"), QStringLiteral("4 x 4"), QStringLiteral("5 x 5")});
     HTML->Combo_GridSize->setCurrentIndex(0);
 
-    for (int i = 101; i <= 130; ++i) project.HtmlWords[static_cast<size_t>(i - 100)] = LoadResString(i);
+    for (int i = 101; i <= 130; ++i)
+        project.HtmlWords[static_cast<size_t>(i - 100)] = LoadResString(i);
 
     HTML->Check2->setChecked(true);
 
@@ -281,7 +305,9 @@ void frmMain::closeEvent(QCloseEvent* event) {
     Form_Unload();
 }
 
-void frmMain::mnu_Exit_Click() { close(); }
+void frmMain::mnu_Exit_Click() {
+    close();
+}
 
 void frmMain::SetBoardIndex(int index) {
     Combo_PageView->setCurrentIndex(index);

@@ -2,6 +2,7 @@
 
 #include "model/project.h"
 #include "model/prompts.h"
+#include "stage/panelistwidget.h"
 #include "stage/stageview.h"
 
 #include <QAction>
@@ -39,6 +40,8 @@ public:
     std::function<QRect()> WorkArea;
     // Shows one of the program's dialogs modally and returns when it has closed.
     std::function<void(QDialog&)> ShowModal;
+    // Shows a pop-up menu at a point of the screen and returns when it has closed.
+    std::function<void(QMenu&, const QPoint&)> ShowPopup;
 
     // Start-up and shut-down.
     void Form_Load();
@@ -52,7 +55,7 @@ public:
     QToolButton* ButtonBack; // Toolbar1 button 1, key "Back"
     QToolButton* ButtonNext; // Toolbar1 button 2, key "Next"
     QComboBox* Combo_PageView;
-    QListWidget* List1;
+    PaneListWidget* List1;
     QLineEdit* Text1;
     QPushButton* cmdButton;
     QLineEdit* Text2; // a hidden text buffer
@@ -103,8 +106,8 @@ public:
     qint16 SelectedPane = 0;
     int HoverPane = 0;
     bool DragActive = false;
-    qint16 SkipNotice = 0;    // the operation notice's opt-out for this run
-    QString LastFileName;     // the path chosen last in a file dialog
+    qint16 SkipNotice = 0; // the operation notice's opt-out for this run
+    QString LastFileName;  // the path chosen last in a file dialog
 
     // Layout.
     qint16 LayoutStage();
@@ -155,6 +158,10 @@ public:
     void mnu_Remove_Click();
     void mnu_ClearAll_Click();
 
+    // The label shown on a hovered pane: nothing for "ToUse"; cut to cellSize / 9 characters
+    // and "..." when longer.
+    static QString HoverLabel(const QString& label, float cellSize);
+
     // The blank pane picture, bitmap resource 101.
     static QImage BlankPicture();
 
@@ -166,5 +173,6 @@ private:
     void buildControls();
     void buildMenus();
     QAction* addCommand(QMenu* menu, const char* name, const QString& caption, void (frmMain::*handler)());
+    void enablePaneCommands();
     bool unloaded_ = false;
 };

@@ -1,5 +1,6 @@
 #include "stage/frmmain.h"
 
+#include "model/colour.h"
 #include "model/numbers.h"
 
 #include <QPainter>
@@ -100,4 +101,67 @@ void frmMain::ShowPaneText() {
     // six-character prefix of pane 1000.
     Text1->setText(text.mid(5));
     SelectedPane = static_cast<qint16>(List1->currentRow() + 1);
+}
+
+QString frmMain::HoverLabel(const QString& label, float cellSize) {
+    if (!IsSet(label)) return {};
+    const double room = cellSize / 9.0;
+    return label.size() > room ? label.left(CInt(room)) + QStringLiteral("...") : label;
+}
+
+int frmMain::TrackHover(int x, int y, float cellSize, qint16 gridSide) {
+    const int cells = Mul16(gridSide, gridSide);
+    const int base = Mul16(Combo_PageView->currentIndex(), cells);
+    const int side = CInt(cellSize);
+    int hovered = 0;
+    for (int k = 1; k <= cells && !hovered; ++k) {
+        const Pane& slot = project.Panes(k);
+        if (QRect(slot.Position[0], slot.Position[1], side, side).contains(x, y)) hovered = k;
+    }
+    // The snapshot wipes the previous highlight; the panes themselves are never repainted here.
+    if (!picLoader.isNull()) picStage->Picture = picLoader;
+    if (!hovered) {
+        picStage->update();
+        return 0;
+    }
+    const Pane& slot = project.Panes(hovered);
+    const int pane = base + hovered;
+    QPainter painter(&picStage->Picture);
+    painter.setPen(
+        QPen(ColourOf(project.GlobalHighlightColor), 2, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+    // A frame two pixels wide, two pixels inside the cell's edges.
+    const int left = slot.Position[0] + 2, top = slot.Position[1] + 2;
+    const int right = slot.Position[0] + side - 3, bottom = slot.Position[1] + side - 3;
+    painter.drawLine(left, top, right, top);
+    painter.drawLine(right, top, right, bottom);
+    painter.drawLine(right, bottom, left, bottom);
+    painter.drawLine(left, bottom, left, top);
+
+    const QString label = HoverLabel(project.Panes(pane).Label, cellSize);
+    if (!label.isEmpty()) {
+        const QFontMetrics metrics = painter.fontMetrics();
+        const int baseline = bottom - 4 - metrics.descent();
+        painter.setPen(Qt::black);
+        painter.drawText(left + 4, baseline, label);
+        painter.setPen(Qt::white);
+        painter.drawText(left + 5, baseline - 1, label);
+    }
+    painter.end();
+    picStage->update();
+    return pane;
+}
+
+void frmMain::DrawDragLine(qint16 selectedPane, float cellSize, int x, int y, qint16 gridSide) {
+    const int cells = Mul16(gridSide, gridSide);
+    const int k = selectedPane - Mul16(Combo_PageView->currentIndex(), cells);
+    // A drag that did not start on a pane of this board has no cell to start from.
+    if (k < 1 || k > cells) return;
+    const Pane& slot = project.Panes(k);
+    StageView::LineShape line = picStage->Line1;
+    line.BorderColor = ColourOf(project.MoveHighlightColor);
+    line.X1 = CInt(slot.Position[0] + cellSize / 2);
+    line.Y1 = CInt(slot.Position[1] + cellSize / 2);
+    line.X2 = x;
+    line.Y2 = y;
+    picStage->SetLine(line);
 }

@@ -19,7 +19,8 @@ qint16 frmMain::LayoutStage() {
 
     picStage->setGeometry(g.picStage);
     if (done(4)) picSideBar->setGeometry(g.picSideBar);
-    if (done(5)) Toolbar1->setGeometry(g.Toolbar1.left(), Toolbar1->y(), g.Toolbar1.width(), Toolbar1->height());
+    if (done(5))
+        Toolbar1->setGeometry(g.Toolbar1.left(), Toolbar1->y(), g.Toolbar1.width(), Toolbar1->height());
     if (done(6))
         Combo_PageView->setGeometry(g.comboLeftTwips / kTwipsPerPixel, Combo_PageView->y(),
                                     g.comboWidthTwips / kTwipsPerPixel, Combo_PageView->height());
@@ -53,13 +54,15 @@ void frmMain::ArrangeMainWindow() {
         StageFullSize = StageSize;
         StageSize -= 15;
         picStage->setCursor(Qt::WaitCursor);
-        for (int n = 1; n <= kMaxPane; ++n) StorePaneImage(project, static_cast<qint16>(n), CellSize, false);
+        for (int n = 1; n <= kMaxPane; ++n)
+            StorePaneImage(project, static_cast<qint16>(n), CellSize, false);
         picStage->setCursor(Qt::ArrowCursor);
         picStage->ClearPicture();
         DrawCurrentBoard();
     } catch (const RunTimeError&) {
-        prompts.Message(QStringLiteral("I experienced an error whilst trying to resize; Please reset Kelvrin."),
-                        MsgIcon::Exclamation, QStringLiteral("Kelvrin : Resize Error"));
+        prompts.Message(
+            QStringLiteral("I experienced an error whilst trying to resize; Please reset Kelvrin."),
+            MsgIcon::Exclamation, QStringLiteral("Kelvrin : Resize Error"));
     }
 }
 

@@ -1,15 +1,109 @@
 #include "stage/frmmain.h"
 
-qint16 frmMain::FillLists(qint16, qint16, float, bool) { return 0; }
+#include "images/paneimage.h"
+#include "model/numbers.h"
 
-void frmMain::List1_MouseDown(Qt::MouseButton, Qt::KeyboardModifiers, int, int) {}
+namespace {
+// The pane list item: the number as "000", ". ", the text.
+QString itemText(int pane, const QString& text) {
+    return Format(pane, "000") + QStringLiteral(". ") + text;
+}
 
-void frmMain::SwapItemText() {}
+// Blanks (spaces) at either end go; other white space is part of the text.
+QString trimBlanks(const QString& text) {
+    qsizetype first = 0, last = text.size();
+    while (first < last && text[first] == QLatin1Char(' '))
+        ++first;
+    while (last > first && text[last - 1] == QLatin1Char(' '))
+        --last;
+    return text.mid(first, last - first);
+}
+} // namespace
 
-void frmMain::ResetItemText(bool, int) {}
+qint16 frmMain::FillLists(qint16 gridSide, qint16 boardCount, float stageSize, bool reset) {
+    const qint16 cellSize = CInt(stageSize / gridSide);
+    const int total = Mul16(Mul16(gridSide, gridSide), boardCount);
+    if (!reset) {
+        for (int n = 1; n <= kMaxPane; ++n)
+            StorePaneImage(project, static_cast<qint16>(n), cellSize, false);
+        List1->clear();
+        for (int n = 1; n <= total; ++n)
+            List1->addItem(itemText(n, project.Panes(n).Text));
+    } else {
+        // Texts, labels and URLs stay in the records; the list shows them again when it is next
+        // rebuilt from the records.
+        for (int n = 0; n <= kMaxPane; ++n) {
+            Pane& pane = project.Panes(n);
+            pane.ImageFile = pane.SourceFile = pane.SourceStem = kNone;
+            pane.FlipHorizontal = pane.FlipVertical = 0;
+        }
+        List1->clear();
+        for (int n = 1; n <= total; ++n)
+            List1->addItem(itemText(n, kToUse));
+    }
+    Combo_PageView->clear();
+    for (int b = 1; b <= boardCount; ++b)
+        Combo_PageView->addItem(QStringLiteral("Board ") + Format(b, "00"));
+    SetBoardIndex(0);
+    return cellSize;
+}
 
-void frmMain::Text1_Change() { cmdButton->setEnabled(!Text1->text().isEmpty()); }
+void frmMain::List1_MouseDown(Qt::MouseButton button, Qt::KeyboardModifiers, int x, int y) {
+    if (button != Qt::LeftButton) {
+        ShowPopup(*mnu_EditList, List1->viewport()->mapToGlobal(QPoint(x, y)));
+        return;
+    }
+    const int item = List1->currentRow();
+    if (item < 0) return;
+    const int board = item / CellsPerBoard(project);
+    // Showing another board moves the list to that board's first pane; the clicked pane is
+    // what the user asked for, so it stays selected and its text is shown.
+    if (board != Combo_PageView->currentIndex()) SetBoardIndex(board);
+    List1->setCurrentRow(item);
+    ShowPaneText();
+    if (!Text1->text().isEmpty()) {
+        mnu_Swap->setEnabled(true);
+        mnu_Remove->setEnabled(true);
+        cmdButton->setEnabled(true);
+    }
+}
 
-void frmMain::mnu_Swap_Click() { SwapItemText(); }
-void frmMain::mnu_Remove_Click() { ResetItemText(false, List1->currentRow()); }
-void frmMain::mnu_ClearAll_Click() { ResetItemText(true, List1->currentRow()); }
+void frmMain::SwapItemText() {
+    if (Text1->text().isEmpty()) return;
+    const int item = List1->currentRow();
+    if (item < 0) return;
+    const QString text = trimBlanks(Text1->text());
+    List1->item(item)->setText(itemText(item + 1, text));
+    project.Panes(item + 1).Text = text;
+}
+
+void frmMain::ResetItemText(bool all, int index) {
+    if (!all) {
+        if (index < 0 || index >= List1->count()) return;
+        List1->item(index)->setText(itemText(index + 1, kToUse));
+        project.Panes(index + 1).Text = kToUse;
+        return;
+    }
+    // "Clear All" resets records 0 to total - 1, one below the panes the items show: the last
+    // pane keeps its text although its item reads "ToUse". The command has always done this.
+    const int total = PaneTotal(project);
+    List1->clear();
+    for (int i = 0; i < total; ++i) {
+        List1->addItem(itemText(i + 1, kToUse));
+        project.Panes(i).Text = kToUse;
+    }
+}
+
+void frmMain::Text1_Change() {
+    cmdButton->setEnabled(!Text1->text().isEmpty());
+}
+
+void frmMain::mnu_Swap_Click() {
+    SwapItemText();
+}
+void frmMain::mnu_Remove_Click() {
+    ResetItemText(false, List1->currentRow());
+}
+void frmMain::mnu_ClearAll_Click() {
+    ResetItemText(true, List1->currentRow());
+}

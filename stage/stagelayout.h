@@ -9,9 +9,9 @@
 constexpr int kTwipsPerPixel = 15;
 
 struct StageDesign {
-    int toolbarTop = 2;     // sizes the layout keeps as designed
+    int toolbarTop = 2; // sizes the layout keeps as designed
     int toolbarHeight = 42;
-    int buttonWidth = 60;   // the swap button
+    int buttonWidth = 60; // the swap button
 };
 
 struct StageGeometry {
