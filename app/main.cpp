@@ -17,7 +17,8 @@ int main(int argc, char** argv) {
     Project project;
     project.ProgramFolder = KelvrinApplication::applicationDirPath();
     try {
-        project.WorkFolder = ChooseWorkFolder(project.ProgramFolder);
+        const WorkFolderClaim workFolder(project.ProgramFolder);
+        project.WorkFolder = workFolder.path();
         frmMain window(project, prompts);
         prompts.setParent(&window);
         window.Form_Load();

@@ -6,10 +6,15 @@
 #include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
+#include <QLockFile>
 #include <QStandardPaths>
 #include <QTemporaryFile>
 
-QString WorkFolderIn(const QString& programFolder) { return programFolder + QStringLiteral("/MyProjects"); }
+#include <limits>
+
+QString WorkFolderIn(const QString& programFolder) {
+    return programFolder + QStringLiteral("/MyProjects");
+}
 
 namespace {
 bool canWriteIn(const QString& folder) {
@@ -46,3 +51,23 @@ void DeleteWorkFolder(const QString& path) {
     }
     if (!QDir(path).removeRecursively()) throw RunTimeError::PathFileAccess(path);
 }
+
+WorkFolderClaim::WorkFolderClaim(const QString& programFolder) {
+    const QString first = ChooseWorkFolder(programFolder);
+    for (int n = 1; n <= 99; ++n) {
+        const QString candidate = n == 1 ? first : first + QStringLiteral("-%1").arg(n);
+        if (!QDir().mkpath(candidate)) continue;
+        auto lock = std::make_unique<QLockFile>(candidate + QStringLiteral("/.kelvrin.lock"));
+        // A lock whose program is gone is stale and is taken over; a running program's lock is
+        // never taken over for its age.
+        lock->setStaleLockTime(std::numeric_limits<int>::max());
+        if (lock->tryLock(0)) {
+            path_ = candidate;
+            lock_ = std::move(lock);
+            return;
+        }
+    }
+    throw RunTimeError::PathFileAccess(first);
+}
+
+WorkFolderClaim::~WorkFolderClaim() = default;

@@ -5,6 +5,7 @@
 #include "dialogs/frmhtml.h"
 #include "dialogs/frmoptions.h"
 #include "model/runtimeerror.h"
+#include "model/workfolder.h"
 #include "stage/application.h"
 #include "stage/frmmain.h"
 #include "support/scriptedprompts.h"
@@ -16,12 +17,14 @@
 namespace {
 QStringList itemsOf(const QComboBox* combo) {
     QStringList items;
-    for (int i = 0; i < combo->count(); ++i) items << combo->itemText(i);
+    for (int i = 0; i < combo->count(); ++i)
+        items << combo->itemText(i);
     return items;
 }
 QStringList itemsOf(const QListWidget* list) {
     QStringList items;
-    for (int i = 0; i < list->count(); ++i) items << list->item(i)->text();
+    for (int i = 0; i < list->count(); ++i)
+        items << list->item(i)->text();
     return items;
 }
 
@@ -45,6 +48,7 @@ private slots:
     void shutDownRemovesWorkFolder();
     void leftOverWorkFolderIsReused();
     void runTimeErrorIsReportedAndEnds();
+    void programsSideBySideKeepTheirOwnFolders();
 
 private:
     std::unique_ptr<frmMain> start();
@@ -109,14 +113,17 @@ void TestStartup::fixedListsAreFilled() {
     QCOMPARE(itemsOf(move), (QStringList{QStringLiteral("Blue - Light"), QStringLiteral("Blue - Dark"),
                                          QStringLiteral("Yellow"), QStringLiteral("Pink")}));
     const QList<int> moveValues{255, 65535, 16711680, 65280};
-    for (int i = 0; i < 4; ++i) QCOMPARE(move->itemData(i).toInt(), moveValues[i]);
+    for (int i = 0; i < 4; ++i)
+        QCOMPARE(move->itemData(i).toInt(), moveValues[i]);
     QCOMPARE(move->currentIndex(), 3);
 
     const QComboBox* grid = w->Options->Combo_GridHighlight;
-    QCOMPARE(itemsOf(grid), (QStringList{QStringLiteral("Black"), QStringLiteral("White"), QStringLiteral("Red"),
-                                         QStringLiteral("Green"), QStringLiteral("Blue"), QStringLiteral("Yellow")}));
+    QCOMPARE(itemsOf(grid),
+             (QStringList{QStringLiteral("Black"), QStringLiteral("White"), QStringLiteral("Red"),
+                          QStringLiteral("Green"), QStringLiteral("Blue"), QStringLiteral("Yellow")}));
     const QList<int> gridValues{0, 16777215, 255, 65280, 16711680, 65535};
-    for (int i = 0; i < 6; ++i) QCOMPARE(grid->itemData(i).toInt(), gridValues[i]);
+    for (int i = 0; i < 6; ++i)
+        QCOMPARE(grid->itemData(i).toInt(), gridValues[i]);
     QCOMPARE(grid->currentIndex(), 3);
 
     const QStringList topics = itemsOf(w->Help->Combo_HelpTopic);
@@ -136,34 +143,34 @@ void TestStartup::fixedListsAreFilled() {
 
 void TestStartup::menusHoldEveryCommand() {
     auto w = start();
-    const QList<QPair<const char*, const char*>> commands{
-        {"mnu_OpenProject", "Open Project"},
-        {"mnu_SaveAs", "Save Project As"},
-        {"mnu_ChangeProject", "Change Project"},
-        {"mnu_ExportHTML", "Export As Html"},
-        {"mnu_Exit", "Exit"},
-        {"mnu_BoardChangeProject", "Change Project"},
-        {"mnu_BoardOptions", "Properties"},
-        {"mnu_RandomShuffle", "Image Shuffle"},
-        {"mnu_LoadPicture", "Picture ..."},
-        {"mnu_MassImage", "Mass Image Import ..."},
-        {"mnu_FlipHorizontally", "Flip Horizontally"},
-        {"mnu_FlipVertically", "Flip Vertically"},
-        {"mnu_MakeBlank", "Make as Blank"},
-        {"mnu_Closeup", "CloseUp"},
-        {"mnu_Options", "Properties"},
-        {"mnu_Help", "Help"},
-        {"mnu_About", "About"},
-        {"mnu_Swap", "Swap Item"},
-        {"mnu_Remove", "Remove Item"},
-        {"mnu_ClearAll", "Clear All"}};
+    const QList<QPair<const char*, const char*>> commands{{"mnu_OpenProject", "Open Project"},
+                                                          {"mnu_SaveAs", "Save Project As"},
+                                                          {"mnu_ChangeProject", "Change Project"},
+                                                          {"mnu_ExportHTML", "Export As Html"},
+                                                          {"mnu_Exit", "Exit"},
+                                                          {"mnu_BoardChangeProject", "Change Project"},
+                                                          {"mnu_BoardOptions", "Properties"},
+                                                          {"mnu_RandomShuffle", "Image Shuffle"},
+                                                          {"mnu_LoadPicture", "Picture ..."},
+                                                          {"mnu_MassImage", "Mass Image Import ..."},
+                                                          {"mnu_FlipHorizontally", "Flip Horizontally"},
+                                                          {"mnu_FlipVertically", "Flip Vertically"},
+                                                          {"mnu_MakeBlank", "Make as Blank"},
+                                                          {"mnu_Closeup", "CloseUp"},
+                                                          {"mnu_Options", "Properties"},
+                                                          {"mnu_Help", "Help"},
+                                                          {"mnu_About", "About"},
+                                                          {"mnu_Swap", "Swap Item"},
+                                                          {"mnu_Remove", "Remove Item"},
+                                                          {"mnu_ClearAll", "Clear All"}};
     for (const auto& c : commands) {
         auto* action = w->findChild<QAction*>(QString::fromLatin1(c.first));
         QVERIFY2(action, c.first);
         QCOMPARE(action->text().remove(QLatin1Char('&')), QString::fromLatin1(c.second));
     }
     QStringList bar;
-    for (QAction* a : w->menuBar()->actions()) bar << a->text().remove(QLatin1Char('&'));
+    for (QAction* a : w->menuBar()->actions())
+        bar << a->text().remove(QLatin1Char('&'));
     QCOMPARE(bar, (QStringList{QStringLiteral("File"), QStringLiteral("Board"), QStringLiteral("Pane"),
                                QStringLiteral("Help")}));
     QVERIFY(!bar.contains(QStringLiteral("Edit List")));
@@ -182,8 +189,10 @@ void TestStartup::shutDownRemovesWorkFolder() {
         picture.close();
         picture.setPermissions(QFile::ReadOwner); // read-only files go too
         w->show();
-        if (byMenu) w->mnu_Exit->trigger();
-        else w->close();
+        if (byMenu)
+            w->mnu_Exit->trigger();
+        else
+            w->close();
         QVERIFY(!QFileInfo::exists(project_.WorkFolder));
         QVERIFY(prompts_.messages.isEmpty());
     }
@@ -215,6 +224,37 @@ void TestStartup::runTimeErrorIsReportedAndEnds() {
     QCOMPARE(prompts_.messages[0].text,
              QStringLiteral("Run-time error '53':\n\nFile not found: /nowhere/trip.kv1"));
     app->SetPrompts(nullptr);
+}
+
+void TestStartup::programsSideBySideKeepTheirOwnFolders() {
+    const QString program = dir_->path();
+    auto first = std::make_unique<WorkFolderClaim>(program);
+    QCOMPARE(first->path(), program + QStringLiteral("/MyProjects"));
+    {
+        const WorkFolderClaim second(program);
+        QCOMPARE(second.path(), program + QStringLiteral("/MyProjects-2"));
+    }
+    first.reset();
+    QCOMPARE(WorkFolderClaim(program).path(), program + QStringLiteral("/MyProjects"));
+
+    // A folder left by a program that crashed is taken over with its pictures.
+    QFile lock(program + QStringLiteral("/MyProjects/.kelvrin.lock"));
+    QVERIFY(lock.open(QIODevice::WriteOnly));
+    lock.write("2147480000\nkelvrin\n" + QSysInfo::machineHostName().toUtf8() + "\n");
+    lock.close();
+    QFile stale(program + QStringLiteral("/MyProjects/Old-0001.BMP"));
+    QVERIFY(stale.open(QIODevice::WriteOnly));
+    stale.close();
+    const WorkFolderClaim again(program);
+    QCOMPARE(again.path(), program + QStringLiteral("/MyProjects"));
+    QVERIFY(stale.exists());
+
+    // A program folder that cannot be written (here: not a folder at all) sends the pictures to
+    // the user's cache folder.
+    qputenv("XDG_CACHE_HOME", dir_->filePath(QStringLiteral("cache")).toUtf8());
+    const WorkFolderClaim installed(dir_->filePath(QStringLiteral("MyProjects/Old-0001.BMP")));
+    QCOMPARE(installed.path(), dir_->filePath(QStringLiteral("cache/kelvrin/MyProjects")));
+    QVERIFY(QFileInfo(installed.path()).isDir());
 }
 
 int main(int argc, char** argv) {
