@@ -29,7 +29,12 @@ QImage EmptySquare(int side) {
 
 QImage RenderPaneSquare(const QImage& picture, int side, int flipH, int flipV) {
     if (side <= 0) return QImage();
-    const QImage source = picture.convertToFormat(QImage::Format_RGB32);
+    QImage source = picture.convertToFormat(QImage::Format_RGB32);
+    if (picture.hasAlphaChannel()) {
+        // Transparent parts of a GIF show the canvas behind them.
+        source.fill(kCanvasColour);
+        QPainter(&source).drawImage(0, 0, picture);
+    }
     if (flipH + flipV == 0) return source.scaled(side, side, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
     if (flipH + flipV == 2) return mirroredDraw(source, side, side + 1, side + 1, true, true);
     QImage square = EmptySquare(side);
@@ -42,8 +47,9 @@ QImage RenderPaneSquare(const QImage& picture, int side, int flipH, int flipV) {
 qint16 StorePaneImage(Project& project, qint16 paneIndex, float paneSize, bool makeNewName) {
     Pane& pane = project.Panes(paneIndex);
     if (pane.SourceFile == kNone) return 0;
-    const QImage picture = LoadPicture(pane.SourceFile);
     const int side = CInt(paneSize);
+    // The mirrored draws are one pixel longer than the square: the picture must cover that.
+    const QImage picture = LoadPictureAtLeast(pane.SourceFile, QSize(side + 1, side + 1));
     const QImage square = RenderPaneSquare(picture, side, pane.FlipHorizontal, pane.FlipVertical);
     if (!makeNewName) {
         SaveBmp24(square, pane.ImageFile);

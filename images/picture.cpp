@@ -1,20 +1,54 @@
 #include "images/picture.h"
 
+#include "images/jpegdecode.h"
 #include "model/runtimeerror.h"
 
+#include <QBuffer>
+#include <QFile>
 #include <QFileInfo>
 #include <QImageReader>
 
-QImage LoadPicture(const QString& path) {
+namespace {
+QByteArray readAll(const QString& path) {
     const QFileInfo info(path);
     if (!info.exists()) throw RunTimeError::FileNotFound(path);
     if (!info.isFile()) throw RunTimeError::PathFileAccess(path);
-    QImageReader reader(path);
+    // No picture of a size the program accepts comes from a file this large.
+    if (info.size() > kMaxPictureBytes) throw RunTimeError::InvalidPicture(path);
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) throw RunTimeError::PathFileAccess(path);
+    return file.readAll();
+}
+
+QImage decode(const QString& path, QSize atLeast) {
+    const QByteArray data = readAll(path);
+    QImage image;
+    switch (DecodeJpeg(data, atLeast, image, kMaxPictureBytes)) {
+    case JpegDecodeResult::Decoded:
+        return image;
+    case JpegDecodeResult::Unreadable:
+        throw RunTimeError::InvalidPicture(path);
+    case JpegDecodeResult::NotJpeg:
+        break;
+    }
+    QBuffer buffer;
+    buffer.setData(data);
+    QImageReader reader(&buffer);
     reader.setDecideFormatFromContent(true);
+    reader.setAllocationLimit(static_cast<int>(kMaxPictureBytes / (1024 * 1024)));
     const QByteArray format = reader.format();
     if (format != "bmp" && format != "gif" && format != "jpeg" && format != "jpg")
         throw RunTimeError::InvalidPicture(path);
-    QImage image = reader.read();
+    image = reader.read();
     if (image.isNull()) throw RunTimeError::InvalidPicture(path);
     return image;
+}
+} // namespace
+
+QImage LoadPicture(const QString& path) {
+    return decode(path, QSize(1 << 30, 1 << 30));
+}
+
+QImage LoadPictureAtLeast(const QString& path, QSize atLeast) {
+    return decode(path, atLeast);
 }

@@ -1,9 +1,17 @@
 #pragma once
 
 #include <QImage>
+#include <QSize>
 #include <QString>
 
 // Reads a BMP, GIF or JPEG picture, recognised by its content rather than its name.
-// A missing file is RunTimeError 53, anything that is not a readable picture of those
-// three kinds RunTimeError 481.
+// A missing file is RunTimeError 53, a file that cannot be read 75, anything that is not a
+// readable picture of those three kinds (damaged, cut short, or of an absurd size) 481.
 QImage LoadPicture(const QString& path);
+
+// The same, but a JPEG may come out smaller than its full size: decoded at the smallest scale
+// that is still at least `atLeast` on both sides. Other pictures come at full size.
+QImage LoadPictureAtLeast(const QString& path, QSize atLeast);
+
+// The most memory one decoded picture may take; larger pictures count as unreadable.
+constexpr qint64 kMaxPictureBytes = 256ll * 1024 * 1024;
