@@ -24,9 +24,19 @@ bool canWriteIn(const QString& folder) {
 }
 } // namespace
 
+namespace {
+// Folders of installed programs are never written, even by a user who could.
+bool isSystemFolder(const QString& folder) {
+    const QString f = QDir::cleanPath(folder) + QLatin1Char('/');
+    return f.startsWith(QLatin1String("/usr/")) || f.startsWith(QLatin1String("/opt/"));
+}
+} // namespace
+
 QString ChooseWorkFolder(const QString& programFolder) {
     const QString beside = WorkFolderIn(programFolder);
-    if (QFileInfo(beside).isDir() ? canWriteIn(beside) : canWriteIn(programFolder)) return beside;
+    if (!isSystemFolder(programFolder) &&
+        (QFileInfo(beside).isDir() ? canWriteIn(beside) : canWriteIn(programFolder)))
+        return beside;
     QString cache = QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation);
     if (cache.isEmpty()) cache = QDir::homePath() + QStringLiteral("/.cache");
     return cache + QStringLiteral("/kelvrin/MyProjects");
