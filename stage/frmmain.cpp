@@ -61,6 +61,7 @@ frmMain::frmMain(Project& project, Prompts& prompts, QWidget* parent)
 
     buildControls();
     buildMenus();
+    addKeyboardAccess();
 
     AddNew = new frmAddNew(this);
     Options = new frmOptions(this);

@@ -174,5 +174,6 @@ private:
     void buildMenus();
     QAction* addCommand(QMenu* menu, const char* name, const QString& caption, void (frmMain::*handler)());
     void enablePaneCommands();
+    void addKeyboardAccess();
     bool unloaded_ = false;
 };

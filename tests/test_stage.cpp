@@ -36,6 +36,7 @@ private slots:
     void picturesAndLostWorkingFiles();
     void hoverOutlineAndLabel();
     void navigationBetweenBoards();
+    void keyboardShortcuts();
     void paneListEditsTexts();
     void paneListClicks();
     void dragExchangesPanes();
@@ -261,6 +262,24 @@ void TestStage::navigationBetweenBoards() {
     w_->List1_MouseDown(Qt::LeftButton, {}, 5, 5);
     QCOMPARE(w_->Text1->text(), QStringLiteral(" Last"));
     QCOMPARE(w_->Combo_PageView->currentIndex(), 39);
+}
+
+void TestStage::keyboardShortcuts() {
+    shape(2, 3);
+    w_->show();
+    w_->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(w_.get()));
+    QTest::keyClick(w_.get(), Qt::Key_PageDown);
+    QTest::keyClick(w_.get(), Qt::Key_PageDown);
+    QCOMPARE(w_->Combo_PageView->currentIndex(), 2);
+    QTest::keyClick(w_.get(), Qt::Key_PageUp);
+    QCOMPARE(w_->Combo_PageView->currentIndex(), 1);
+    QCOMPARE(w_->mnu_OpenProject->shortcut(), QKeySequence(QStringLiteral("Ctrl+O")));
+    QCOMPARE(w_->mnu_SaveAs->shortcut(), QKeySequence(QStringLiteral("Ctrl+Shift+S")));
+    QCOMPARE(w_->mnu_ExportHTML->shortcut(), QKeySequence(QStringLiteral("Ctrl+E")));
+    QCOMPARE(w_->mnu_Exit->shortcut(), QKeySequence(QStringLiteral("Ctrl+Q")));
+    QCOMPARE(w_->mnu_Help->shortcut(), QKeySequence(Qt::Key_F1));
+    w_->hide();
 }
 
 void TestStage::paneListEditsTexts() {
