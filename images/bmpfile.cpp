@@ -56,7 +56,10 @@ QByteArray EncodeBmp24(const QImage& image) {
 }
 
 void SaveBmp24(const QImage& image, const QString& path) {
-    const QByteArray bytes = EncodeBmp24(image);
+    WriteFileBytes(EncodeBmp24(image), path);
+}
+
+void WriteFileBytes(const QByteArray& bytes, const QString& path) {
     QFile file(path);
     if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate) || file.write(bytes) != bytes.size())
         throw RunTimeError::PathFileAccess(path);

@@ -44,19 +44,28 @@ QImage RenderPaneSquare(const QImage& picture, int side, int flipH, int flipV) {
     return square;
 }
 
-qint16 StorePaneImage(Project& project, qint16 paneIndex, float paneSize, bool makeNewName) {
-    Pane& pane = project.Panes(paneIndex);
-    if (pane.SourceFile == kNone) return 0;
-    const int side = CInt(paneSize);
+QByteArray RenderPaneBmp(const QString& sourceFile, int side, int flipH, int flipV) {
     // The mirrored draws are one pixel longer than the square: the picture must cover that.
-    const QImage picture = LoadPictureAtLeast(pane.SourceFile, QSize(side + 1, side + 1));
-    const QImage square = RenderPaneSquare(picture, side, pane.FlipHorizontal, pane.FlipVertical);
+    const QImage picture = LoadPictureAtLeast(sourceFile, QSize(side + 1, side + 1));
+    return EncodeBmp24(RenderPaneSquare(picture, side, flipH, flipV));
+}
+
+void CommitPaneImage(Project& project, qint16 paneIndex, const QByteArray& bmp, bool makeNewName) {
+    Pane& pane = project.Panes(paneIndex);
     if (!makeNewName) {
-        SaveBmp24(square, pane.ImageFile);
-        return 0;
+        WriteFileBytes(bmp, pane.ImageFile);
+        return;
     }
     const QString name = PaneImageName(project, paneIndex);
-    SaveBmp24(square, name);
+    WriteFileBytes(bmp, name);
     pane.ImageFile = name;
+}
+
+qint16 StorePaneImage(Project& project, qint16 paneIndex, float paneSize, bool makeNewName) {
+    const Pane& pane = project.Panes(paneIndex);
+    if (pane.SourceFile == kNone) return 0;
+    const QByteArray bmp =
+        RenderPaneBmp(pane.SourceFile, CInt(paneSize), pane.FlipHorizontal, pane.FlipVertical);
+    CommitPaneImage(project, paneIndex, bmp, makeNewName);
     return 0;
 }

@@ -20,6 +20,12 @@ QImage RenderPaneSquare(const QImage& picture, int side, int flipH, int flipV);
 // The square that an empty canvas shows.
 QImage EmptySquare(int side);
 
+// The two halves of StorePaneImage, so that pictures can be rendered on other threads and
+// committed in order: the working picture's BMP bytes (RunTimeError as LoadPicture), and the
+// write of those bytes with the pane's ImageFile set as StorePaneImage sets it.
+QByteArray RenderPaneBmp(const QString& sourceFile, int side, int flipH, int flipV);
+void CommitPaneImage(Project& project, qint16 paneIndex, const QByteArray& bmp, bool makeNewName);
+
 // Builds (or rebuilds) the working picture of a pane from its SourceFile at paneSize pixels.
 // A pane whose SourceFile is "none" is left alone. With makeNewName the picture is saved under
 // PaneImageName and ImageFile is set to it; otherwise it is saved over ImageFile. A source that

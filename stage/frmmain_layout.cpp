@@ -1,6 +1,6 @@
 #include "stage/frmmain.h"
 
-#include "images/paneimage.h"
+#include "images/panebatch.h"
 #include "model/numbers.h"
 #include "model/runtimeerror.h"
 #include "stage/stagelayout.h"
@@ -54,8 +54,7 @@ void frmMain::ArrangeMainWindow() {
         StageFullSize = StageSize;
         StageSize -= 15;
         picStage->setCursor(Qt::WaitCursor);
-        for (int n = 1; n <= kMaxPane; ++n)
-            StorePaneImage(project, static_cast<qint16>(n), CellSize, false);
+        StorePaneImages(project, 1, kMaxPane, CellSize, false);
         picStage->setCursor(Qt::ArrowCursor);
         picStage->ClearPicture();
         DrawCurrentBoard();

@@ -1,6 +1,6 @@
 #include "stage/frmmain.h"
 
-#include "images/paneimage.h"
+#include "images/panebatch.h"
 #include "model/numbers.h"
 
 namespace {
@@ -24,8 +24,7 @@ qint16 frmMain::FillLists(qint16 gridSide, qint16 boardCount, float stageSize, b
     const qint16 cellSize = CInt(stageSize / gridSide);
     const int total = Mul16(Mul16(gridSide, gridSide), boardCount);
     if (!reset) {
-        for (int n = 1; n <= kMaxPane; ++n)
-            StorePaneImage(project, static_cast<qint16>(n), cellSize, false);
+        StorePaneImages(project, 1, kMaxPane, cellSize, false);
         List1->clear();
         for (int n = 1; n <= total; ++n)
             List1->addItem(itemText(n, project.Panes(n).Text));

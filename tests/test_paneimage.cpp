@@ -1,6 +1,7 @@
 // The pane image store: working pictures built from BMP, GIF and JPEG sources, flips on pixels,
 // and what a failure leaves behind.
 #include "images/bmpfile.h"
+#include "images/panebatch.h"
 #include "images/paneimage.h"
 #include "model/runtimeerror.h"
 #include "support/testpictures.h"
@@ -20,6 +21,7 @@ private slots:
     void rebuildKeepsNameAndFlips();
     void paneWithoutSourceIsSkipped();
     void unreadableSourceWritesNothing();
+    void manyPanesStopAtTheFirstFailure();
 
 private:
     QString source(const QString& name) const { return dir_->filePath(name); }
@@ -47,22 +49,26 @@ void TestPaneImage::storesEachFormatAsCellSizedBmp() {
     QFETCH(QString, file);
     const QImage picture = QuadrantPicture(64, 48);
     const QString path = source(file);
-    if (file.endsWith(QLatin1String(".gif"))) QVERIFY(WriteGif(picture, path));
-    else if (file == QLatin1String("Photo.bmp")) QVERIFY(WriteBmp(picture, path));
-    else QVERIFY(picture.save(path, "JPEG", 95));
+    if (file.endsWith(QLatin1String(".gif")))
+        QVERIFY(WriteGif(picture, path));
+    else if (file == QLatin1String("Photo.bmp"))
+        QVERIFY(WriteBmp(picture, path));
+    else
+        QVERIFY(picture.save(path, "JPEG", 95));
 
     Pane& pane = project_.Panes(5);
     pane.SourceFile = path;
     pane.SourceStem = file.left(file.size() - 4);
     StorePaneImage(project_, 5, 40.0f, true);
 
-    const QString expected = project_.WorkFolder + QLatin1Char('/') + pane.SourceStem + QStringLiteral("-0005.BMP");
+    const QString expected =
+        project_.WorkFolder + QLatin1Char('/') + pane.SourceStem + QStringLiteral("-0005.BMP");
     QCOMPARE(pane.ImageFile, expected);
     QFile bmp(expected);
     QVERIFY(bmp.open(QIODevice::ReadOnly));
     const QByteArray header = bmp.read(54);
     QCOMPARE(header.left(2), QByteArray("BM"));
-    QCOMPARE(static_cast<int>(header[28]), 24); // 24 bits per pixel
+    QCOMPARE(static_cast<int>(header[28]), 24);  // 24 bits per pixel
     QCOMPARE(bmp.size(), qint64(54 + 40 * 120)); // rows of 120 bytes, already 4-byte aligned
 
     const QImage stored(expected);
@@ -108,11 +114,14 @@ void TestPaneImage::mirroredDrawDropsOneSourceEdge() {
     const int side = 20;
     QImage picture(side + 1, side + 1, QImage::Format_RGB32);
     for (int y = 0; y <= side; ++y)
-        for (int x = 0; x <= side; ++x) picture.setPixelColor(x, y, QColor(x * 10, y * 10, 100));
+        for (int x = 0; x <= side; ++x)
+            picture.setPixelColor(x, y, QColor(x * 10, y * 10, 100));
     const QImage h = RenderPaneSquare(picture, side, 1, 0);
-    for (int x = 0; x < side; ++x) QCOMPARE(h.pixelColor(x, 0).red(), (side - x) * 10);
+    for (int x = 0; x < side; ++x)
+        QCOMPARE(h.pixelColor(x, 0).red(), (side - x) * 10);
     const QImage v = RenderPaneSquare(picture, side, 0, 1);
-    for (int y = 0; y < side; ++y) QCOMPARE(v.pixelColor(0, y).green(), (side - y) * 10);
+    for (int y = 0; y < side; ++y)
+        QCOMPARE(v.pixelColor(0, y).green(), (side - y) * 10);
     const QImage both = RenderPaneSquare(picture, side, 1, 1);
     QCOMPARE(both.pixelColor(0, 0), QColor(side * 10, side * 10, 100));
     QCOMPARE(both.pixelColor(side - 1, side - 1), QColor(10, 10, 100));
@@ -170,6 +179,37 @@ void TestPaneImage::unreadableSourceWritesNothing() {
         QCOMPARE(number, c.error);
         QCOMPARE(p.ImageFile, kNone);
         QVERIFY(QDir(project_.WorkFolder).isEmpty());
+    }
+}
+
+void TestPaneImage::manyPanesStopAtTheFirstFailure() {
+    // Built on every core, committed in order: the panes before a failure are done, the ones
+    // after it are untouched, exactly as one by one.
+    for (int n = 1; n <= 40; ++n) {
+        Pane& p = project_.Panes(n);
+        if (n % 5 == 0) continue; // no source: skipped
+        p.SourceFile = source(QStringLiteral("f%1.jpg").arg(n));
+        p.SourceStem = QStringLiteral("f");
+        if (n != 27) QVERIFY(SolidPicture(64, 48, QColor(n * 6, 0, 0)).save(p.SourceFile, "JPEG", 95));
+    }
+    int progressCalls = 0;
+    int number = 0;
+    try {
+        StorePaneImages(project_, 1, 40, 16.0f, true, [&](int done, int total) {
+            QCOMPARE(total, 40);
+            QCOMPARE(done, ++progressCalls);
+        });
+    } catch (const RunTimeError& e) {
+        number = e.number();
+    }
+    QCOMPARE(number, 53);
+    QCOMPARE(progressCalls, 26);
+    for (int n = 1; n <= 40; ++n) {
+        const bool built = n < 27 && n % 5 != 0;
+        QCOMPARE(project_.Panes(n).ImageFile != kNone, built);
+        QCOMPARE(QFileInfo::exists(PaneImageName(project_, n)), built);
+        if (built)
+            QVERIFY(Near(QImage(project_.Panes(n).ImageFile).pixelColor(8, 8), QColor(n * 6, 0, 0), 8));
     }
 }
 
