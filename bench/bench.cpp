@@ -1,0 +1,166 @@
+// The benchmark's measuring tool: every figure comes from one run of one command, so that the
+// driver (bench/run) can repeat it and take medians.
+//
+//   kelvrin_bench corpus DIR [--frames N]       make the corpus
+//   kelvrin_bench import DIR [--cell N] [--count N]
+//   kelvrin_bench decode-floor DIR [--cell N] [--count N]
+//                                               libjpeg-turbo decode only, one thread
+//   kelvrin_bench relayout DIR [--cell N]       1000 panes re-scaled to a new cell
+//   kelvrin_bench encode-floor DIR [--cell N]   TurboJPEG compression of 1000 cell-size buffers
+//
+// Each measuring command prints "seconds <s>" and "peak-rss <KiB>".
+#include "corpus.h"
+#include "images/jpegdecode.h"
+#include "images/panebatch.h"
+#include "images/paneimage.h"
+#include "model/project.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QGuiApplication>
+#include <QTemporaryDir>
+#include <cstdio>
+#include <functional>
+#include <map>
+#include <sys/resource.h>
+#include <turbojpeg.h>
+
+namespace {
+struct Args {
+    QString command, dir;
+    int frames = 300, cell = 231, count = 0;
+};
+
+QStringList frameFiles(const QString& dir) {
+    QStringList files;
+    for (const QString& name : QDir(dir).entryList({QStringLiteral("Frame*.jpg")}, QDir::Files, QDir::Name))
+        files << dir + QLatin1Char('/') + name;
+    return files;
+}
+
+void report(double seconds) {
+    rusage usage{};
+    getrusage(RUSAGE_SELF, &usage);
+    std::printf("seconds %.4f\npeak-rss %ld\n", seconds, usage.ru_maxrss);
+}
+
+// Panes 1 to n get the frames in turn, as a mass import or a project would give them.
+void assignFrames(Project& project, const QStringList& files, int n) {
+    for (int p = 1; p <= n; ++p) {
+        Pane& pane = project.Panes(p);
+        pane.SourceFile = files[(p - 1) % files.size()];
+        pane.SourceStem = QStringLiteral("Frame");
+    }
+}
+
+int import(const Args& a) {
+    const QStringList files = frameFiles(a.dir);
+    const int n = qMin(a.count > 0 ? a.count : static_cast<int>(files.size()), kMaxPane);
+    QTemporaryDir work;
+    Project project;
+    project.WorkFolder = work.path();
+    assignFrames(project, files, n);
+    QElapsedTimer t;
+    t.start();
+    StorePaneImages(project, 1, n, static_cast<float>(a.cell), true);
+    report(t.nsecsElapsed() / 1e9);
+    return 0;
+}
+
+int decodeFloor(const Args& a) {
+    QList<QByteArray> data;
+    for (const QString& f : frameFiles(a.dir)) {
+        QFile file(f);
+        file.open(QIODevice::ReadOnly);
+        data << file.readAll();
+    }
+    const int n = a.count > 0 ? a.count : static_cast<int>(data.size());
+    QElapsedTimer t;
+    t.start();
+    tjhandle h = tjInitDecompress();
+    std::vector<unsigned char> buffer;
+    for (int i = 0; i < n; ++i) {
+        const QByteArray& d = data[i % data.size()];
+        const auto* bytes = reinterpret_cast<const unsigned char*>(d.constData());
+        int w = 0, hgt = 0, ss = 0, cs = 0;
+        tjDecompressHeader3(h, bytes, static_cast<unsigned long>(d.size()), &w, &hgt, &ss, &cs);
+        const JpegScale s = ChooseJpegScale(QSize(w, hgt), QSize(a.cell, a.cell));
+        buffer.resize(static_cast<size_t>(s.size.width()) * s.size.height() * 4);
+        tjDecompress2(h, bytes, static_cast<unsigned long>(d.size()), buffer.data(), s.size.width(), 0,
+                      s.size.height(), TJPF_BGRX, 0);
+    }
+    tjDestroy(h);
+    report(t.nsecsElapsed() / 1e9);
+    return 0;
+}
+
+int relayout(const Args& a) {
+    QTemporaryDir work;
+    Project project;
+    project.WorkFolder = work.path();
+    assignFrames(project, frameFiles(a.dir), kMaxPane);
+    StorePaneImages(project, 1, kMaxPane, static_cast<float>(a.cell + 20), true);
+    QElapsedTimer t;
+    t.start();
+    StorePaneImages(project, 1, kMaxPane, static_cast<float>(a.cell), false);
+    report(t.nsecsElapsed() / 1e9);
+    return 0;
+}
+
+int encodeFloor(const Args& a) {
+    // The same buffers an export compresses: 1000 cell-size pictures, 24-bit, bottom-up.
+    const QStringList files = frameFiles(a.dir);
+    std::vector<QImage> pictures;
+    for (int i = 0; i < qMin<int>(files.size(), 50); ++i)
+        pictures.push_back(RenderPaneSquare(QImage(files[i]), a.cell, 0, 0).convertToFormat(QImage::Format_BGR888));
+    QElapsedTimer t;
+    t.start();
+    tjhandle h = tjInitCompress();
+    for (int i = 0; i < kMaxPane; ++i) {
+        const QImage& img = pictures[static_cast<size_t>(i) % pictures.size()];
+        unsigned char* out = nullptr;
+        unsigned long size = 0;
+        tjCompress2(h, img.constBits(), img.width(), static_cast<int>(img.bytesPerLine()), img.height(), TJPF_BGR,
+                    &out, &size, TJSAMP_420, 75, TJFLAG_BOTTOMUP);
+        tjFree(out);
+    }
+    tjDestroy(h);
+    report(t.nsecsElapsed() / 1e9);
+    return 0;
+}
+} // namespace
+
+int main(int argc, char** argv) {
+    // No display is needed: the offscreen platform serves the pictures and fonts.
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    QGuiApplication app(argc, argv);
+    const QStringList argsIn = app.arguments().mid(1);
+    Args a;
+    for (int i = 0; i < argsIn.size(); ++i) {
+        const QString& s = argsIn[i];
+        auto next = [&] { return i + 1 < argsIn.size() ? argsIn[++i].toInt() : 0; };
+        if (s == QLatin1String("--frames")) a.frames = next();
+        else if (s == QLatin1String("--cell")) a.cell = next();
+        else if (s == QLatin1String("--count")) a.count = next();
+        else if (a.command.isEmpty()) a.command = s;
+        else a.dir = s;
+    }
+    const std::map<QString, std::function<int(const Args&)>> commands{
+        {QStringLiteral("corpus"),
+         [](const Args& x) {
+             WriteCorpus(x.dir, x.frames);
+             return 0;
+         }},
+        {QStringLiteral("import"), import},
+        {QStringLiteral("decode-floor"), decodeFloor},
+        {QStringLiteral("relayout"), relayout},
+        {QStringLiteral("encode-floor"), encodeFloor}};
+    const auto it = commands.find(a.command);
+    if (it == commands.end() || a.dir.isEmpty()) {
+        std::fprintf(stderr, "usage: kelvrin_bench corpus|import|decode-floor|relayout|encode-floor DIR [options]\n");
+        return 2;
+    }
+    return it->second(a);
+}
