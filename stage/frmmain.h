@@ -137,6 +137,13 @@ public:
     void picStage_MouseMove(Qt::MouseButtons buttons, Qt::KeyboardModifiers shift, int x, int y);
     void picStage_MouseUp(Qt::MouseButton button, Qt::KeyboardModifiers shift, int x, int y);
 
+    // Project file: the file dialogs answer in project.DialogReply; the flows behind
+    // "Save Project As" and "Open Project".
+    void AskSavePath();
+    void AskOpenPath();
+    void SaveProject();
+    void OpenProject();
+
     // Menu commands.
     void mnu_OpenProject_Click();
     void mnu_SaveAs_Click();

@@ -1,4 +1,84 @@
 #include "stage/frmmain.h"
 
-void frmMain::mnu_OpenProject_Click() {}
-void frmMain::mnu_SaveAs_Click() {}
+#include "dialogs/frmhtml.h"
+#include "model/numbers.h"
+#include "model/projectfile.h"
+#include "model/projectopen.h"
+#include "model/runtimeerror.h"
+
+namespace {
+const QString kProjectFilter = QStringLiteral("KV1 (*.kv1)|*.kv1");
+} // namespace
+
+void frmMain::AskSavePath() {
+    project.DialogReply.ReDim(3);
+    FileRequest request;
+    request.title = QStringLiteral("Save Project ...");
+    request.filter = kProjectFilter;
+    request.filterIndex = 1;
+    // The dialog offers the name it held last; "Untitled.kv1" goes to the export window's dialog
+    // instead. Both are kept as they have always been.
+    request.fileName = LastFileName;
+    HTML->DialogFileName = QStringLiteral("Untitled.kv1");
+    const QString chosen = prompts.AskSaveFile(request);
+    if (!chosen.isEmpty()) LastFileName = chosen;
+    SetPathReply(project.DialogReply, chosen);
+}
+
+void frmMain::AskOpenPath() {
+    project.DialogReply.ReDim(3);
+    FileRequest request;
+    request.title = QStringLiteral("Load Project ...");
+    request.filter = kProjectFilter;
+    request.filterIndex = 1;
+    request.folder = project.ProgramFolder;
+    const QString chosen = prompts.AskOpenFile(request);
+    if (!chosen.isEmpty()) LastFileName = chosen;
+    SetPathReply(project.DialogReply, chosen);
+}
+
+void frmMain::SaveProject() {
+    const qint16 boards = CInt(Combo_PageView->count());
+    const qint16 paneTotal = Mul16(Mul16(project.GridSide, project.GridSide), boards);
+    AskSavePath();
+    if (project.DialogReply[1] == kNone) return;
+    SaveProjectFile(project, project.DialogReply[3], project.DialogReply[1], project.DialogReply[2],
+                    paneTotal, boards, project.GridSide);
+}
+
+void frmMain::OpenProject() {
+    AskOpenPath();
+    if (project.DialogReply[1] == kNone) return;
+    picStage->setCursor(Qt::WaitCursor);
+    picStage->ClearPicture();
+
+    ReadProject(project, project.DialogReply[1], project.DialogReply[2], project.DialogReply[3]);
+    project.IsBusy = true;
+
+    Combo_PageView->clear();
+    QStringList boards;
+    for (int b = 1; b <= project.BoardCount; ++b)
+        boards << QStringLiteral("Board ") + Format(b, "00");
+    Combo_PageView->addItems(boards);
+    SetBoardIndex(0);
+
+    List1->clear();
+    QStringList items;
+    const int total = PaneTotal(project);
+    for (int i = 1; i <= total; ++i)
+        items << Format(i, "000") + QStringLiteral(". ") + project.Panes(i).Text;
+    List1->addItems(items);
+
+    // A file that says its grid has no side cannot be laid out.
+    if (project.GridSide == 0) throw RunTimeError(11, QStringLiteral("Division by zero"));
+    CellSize = CInt(StageSize / project.GridSide);
+    RebuildPaneImages(project, CellSize);
+
+    picLoader = BlankPicture();
+    project.IsBusy = false;
+    picStage->setCursor(Qt::ArrowCursor);
+    DrawCurrentBoard();
+}
+
+void frmMain::mnu_OpenProject_Click() { OpenProject(); }
+void frmMain::mnu_SaveAs_Click() { SaveProject(); }
