@@ -8,7 +8,9 @@
 #include <cstring>
 #include <new>
 
-cDIBSection::~cDIBSection() { CleanUp(); }
+cDIBSection::~cDIBSection() {
+    CleanUp();
+}
 
 bool cDIBSection::CreateDIB(QPaintDevice*, qint32 lWidth, qint32 lHeight, qint32 lChannels, DibHandle& hDib) {
     bitmapInfo_.biSize = 40;
@@ -101,11 +103,21 @@ void cDIBSection::PaintPicture(QPaintDevice* lhDC, qint32 lDestLeft, qint32 lDes
     QPainter painter(lhDC);
     if (!painter.isActive()) return;
     switch (eRop) {
-    case RasterOp::SrcCopy: painter.setCompositionMode(QPainter::CompositionMode_Source); break;
-    case RasterOp::SrcPaint: painter.setCompositionMode(QPainter::RasterOp_SourceOrDestination); break;
-    case RasterOp::SrcAnd: painter.setCompositionMode(QPainter::RasterOp_SourceAndDestination); break;
-    case RasterOp::SrcInvert: painter.setCompositionMode(QPainter::RasterOp_SourceXorDestination); break;
-    case RasterOp::NotSrcCopy: painter.setCompositionMode(QPainter::RasterOp_NotSource); break;
+    case RasterOp::SrcCopy:
+        painter.setCompositionMode(QPainter::CompositionMode_Source);
+        break;
+    case RasterOp::SrcPaint:
+        painter.setCompositionMode(QPainter::RasterOp_SourceOrDestination);
+        break;
+    case RasterOp::SrcAnd:
+        painter.setCompositionMode(QPainter::RasterOp_SourceAndDestination);
+        break;
+    case RasterOp::SrcInvert:
+        painter.setCompositionMode(QPainter::RasterOp_SourceXorDestination);
+        break;
+    case RasterOp::NotSrcCopy:
+        painter.setCompositionMode(QPainter::RasterOp_NotSource);
+        break;
     }
     painter.drawImage(lDestLeft, lDestTop, block);
 }

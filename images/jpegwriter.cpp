@@ -20,7 +20,9 @@ struct Compressor {
 };
 } // namespace
 
-bool SaveJPG(cDIBSection& dib, const QString& fileName) { return WriteJPG(dib, fileName); }
+bool SaveJPG(cDIBSection& dib, const QString& fileName) {
+    return WriteJPG(dib, fileName);
+}
 
 bool WriteJPG(cDIBSection& dib, const QString& fileName) {
     Compressor encoder;
