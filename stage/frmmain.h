@@ -155,6 +155,9 @@ public:
     void mnu_Remove_Click();
     void mnu_ClearAll_Click();
 
+    // After the export window: every pane picture to a JPEG beside the exported pages.
+    void ExportPanePictures();
+
     // The blank pane picture, bitmap resource 101.
     static QImage BlankPicture();
 
