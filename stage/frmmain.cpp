@@ -65,7 +65,7 @@ frmMain::frmMain(Project& project, Prompts& prompts, QWidget* parent)
 
     AddNew = new frmAddNew(this);
     Options = new frmOptions(this);
-    HTML = new frmHTML(this);
+    HTML = new frmHTML(project, prompts, this);
     Help = new frmHelp(this);
     MsgBox = new frmMsgBox(this);
     About = new frmAbout(this);

@@ -168,6 +168,8 @@ public:
     // The label shown on a hovered pane: nothing for "ToUse"; cut to cellSize / 9 characters
     // and "..." when longer.
     static QString HoverLabel(const QString& label, float cellSize);
+    // After the export window: every pane picture to a JPEG beside the exported pages.
+    void ExportPanePictures();
 
     // The blank pane picture, bitmap resource 101.
     static QImage BlankPicture();

@@ -1,0 +1,130 @@
+#include "images/dibsection.h"
+
+#include "model/numbers.h"
+#include "model/prompts.h"
+
+#include <QImageReader>
+#include <QPainter>
+#include <cstring>
+#include <new>
+
+cDIBSection::~cDIBSection() {
+    CleanUp();
+}
+
+bool cDIBSection::CreateDIB(QPaintDevice*, qint32 lWidth, qint32 lHeight, qint32 lChannels, DibHandle& hDib) {
+    bitmapInfo_.biSize = 40;
+    bitmapInfo_.biWidth = lWidth;
+    bitmapInfo_.biHeight = lHeight;
+    bitmapInfo_.biPlanes = 1;
+    bitmapInfo_.biBitCount = lChannels == 3 ? 24 : 32;
+    bitmapInfo_.biCompression = 0;
+    const qint32 size = CLng(static_cast<double>(lHeight) * BytesPerScanLine());
+    bitmapInfo_.biSizeImage = static_cast<quint32>(size);
+    hDib.reset();
+    bitsPointer_ = nullptr;
+    // Only bottom-up sections are made: a height (or width) of 0 or less makes nothing.
+    if (lWidth <= 0 || lHeight <= 0) return false;
+    try {
+        hDib = std::make_unique<std::vector<uchar>>(static_cast<size_t>(size), uchar(0));
+    } catch (const std::bad_alloc&) {
+        return false;
+    }
+    bitsPointer_ = hDib->data();
+    return true;
+}
+
+bool cDIBSection::makeSurface() {
+    // An empty memory surface holds a one-pixel monochrome picture until a section is selected.
+    memoryDC_ = std::make_unique<QImage>(1, 1, QImage::Format_Mono);
+    return !memoryDC_->isNull();
+}
+
+void cDIBSection::selectSection() {
+    const QImage::Format format = bitmapInfo_.biBitCount == 24 ? QImage::Format_BGR888 : QImage::Format_RGB32;
+    *memoryDC_ = QImage(bitsPointer_, dib_width(), dib_height(), BytesPerScanLine(), format);
+}
+
+bool cDIBSection::Create(qint32 lWidth, qint32 lHeight, qint32 lChannels) {
+    CleanUp();
+    if (!makeSurface()) return false;
+    if (CreateDIB(memoryDC_.get(), lWidth, lHeight, lChannels, dibHandle_)) {
+        selectSection();
+        if (!memoryDC_->isNull()) return true;
+        dibHandle_.reset();
+        bitsPointer_ = nullptr;
+    }
+    memoryDC_.reset();
+    return false;
+}
+
+bool cDIBSection::Load(const QString& Name, Prompts* prompts) {
+    CleanUp();
+    if (!makeSurface()) return false;
+    // The file is read as a BMP whatever its name says; anything else fails here.
+    QImageReader reader(Name, "bmp");
+    reader.setAutoTransform(false);
+    const QImage loaded = reader.read();
+    if (loaded.isNull()) {
+        memoryDC_.reset();
+        if (prompts)
+            prompts->Message(QStringLiteral("Could not load bmp."), MsgIcon::Exclamation,
+                             QStringLiteral("KV1 : Load Problem"));
+        return false;
+    }
+    const QImage picture = loaded.convertToFormat(QImage::Format_BGR888);
+    if (!CreateDIB(memoryDC_.get(), picture.width(), picture.height(), 3, dibHandle_)) {
+        dibHandle_.reset();
+        bitsPointer_ = nullptr;
+        memoryDC_.reset();
+        return false;
+    }
+    selectSection();
+    const qint32 stride = BytesPerScanLine();
+    const size_t rowBytes = static_cast<size_t>(picture.width()) * 3;
+    for (int y = 0; y < picture.height(); ++y)
+        std::memcpy(bitsPointer_ + static_cast<qsizetype>(picture.height() - 1 - y) * stride,
+                    picture.constScanLine(y), rowBytes);
+    return true;
+}
+
+qint32 cDIBSection::BytesPerScanLine() const {
+    return CLng(static_cast<double>(bitmapInfo_.biBitCount / 8) * bitmapInfo_.biWidth + 3) & ~qint32(3);
+}
+
+void cDIBSection::PaintPicture(QPaintDevice* lhDC, qint32 lDestLeft, qint32 lDestTop, qint32 lDestWidth,
+                               qint32 lDestHeight, qint32 lSrcLeft, qint32 lSrcTop, RasterOp eRop) const {
+    if (!lhDC || !dibHandle_ || !memoryDC_) return;
+    const int w = lDestWidth < 0 ? dib_width() : lDestWidth;
+    const int h = lDestHeight < 0 ? dib_height() : lDestHeight;
+    if (w == 0 || h == 0) return;
+    // The surface lies bottom row first: the block's rows are counted from the end and turned upright.
+    const QImage block = memoryDC_->copy(lSrcLeft, dib_height() - lSrcTop - h, w, h).mirrored(false, true);
+    QPainter painter(lhDC);
+    if (!painter.isActive()) return;
+    switch (eRop) {
+    case RasterOp::SrcCopy:
+        painter.setCompositionMode(QPainter::CompositionMode_Source);
+        break;
+    case RasterOp::SrcPaint:
+        painter.setCompositionMode(QPainter::RasterOp_SourceOrDestination);
+        break;
+    case RasterOp::SrcAnd:
+        painter.setCompositionMode(QPainter::RasterOp_SourceAndDestination);
+        break;
+    case RasterOp::SrcInvert:
+        painter.setCompositionMode(QPainter::RasterOp_SourceXorDestination);
+        break;
+    case RasterOp::NotSrcCopy:
+        painter.setCompositionMode(QPainter::RasterOp_NotSource);
+        break;
+    }
+    painter.drawImage(lDestLeft, lDestTop, block);
+}
+
+void cDIBSection::CleanUp() {
+    memoryDC_.reset();
+    dibHandle_.reset();
+    bitsPointer_ = nullptr;
+    bitmapInfo_ = BitmapInfoHeader();
+}
