@@ -3,7 +3,7 @@
 
 #include <QCoreApplication>
 
-QList<ToolCommand> Kv1Commands() { return {InfoCommand(), CopyCommand()}; }
+QList<ToolCommand> Kv1Commands() { return {InfoCommand(), CopyCommand(), ExportCommand()}; }
 
 int main(int argc, char** argv) {
     QCoreApplication app(argc, argv);

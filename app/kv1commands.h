@@ -5,5 +5,6 @@
 // The commands of kv1, one file each; Kv1Commands() is the table that the command line reads.
 ToolCommand InfoCommand();
 ToolCommand CopyCommand();
+ToolCommand ExportCommand();
 
 QList<ToolCommand> Kv1Commands();

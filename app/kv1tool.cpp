@@ -16,8 +16,11 @@ QString synopsis(const ToolCommand& command) {
     QString line = QStringLiteral("kv1 ") + command.name;
     for (const QString& argument : command.arguments)
         line += QLatin1Char(' ') + argument;
+    // A long list of options is told in the command's own help.
+    if (command.options.size() > 2) return line + QStringLiteral(" [OPTIONS]");
     for (const ToolOption& option : command.options)
-        line += QStringLiteral(" [%1 %2]").arg(option.name, option.valueName);
+        line += option.valueName.isEmpty() ? QStringLiteral(" [%1]").arg(option.name)
+                                           : QStringLiteral(" [%1 %2]").arg(option.name, option.valueName);
     return line;
 }
 
@@ -39,8 +42,9 @@ QString indented(const QString& text, int columns) {
 QString commandHelp(const ToolCommand& command) {
     QString text = QStringLiteral("  ") + synopsis(command) + QLatin1Char('\n') + indented(command.help, 6);
     for (const ToolOption& option : command.options)
-        text += QStringLiteral("      %1 %2").arg(option.name, option.valueName).leftJustified(20) +
-                option.help + QStringLiteral(" (default %1)\n").arg(option.defaultValue);
+        text += QStringLiteral("      %1 %2").arg(option.name, option.valueName).leftJustified(26) + option.help +
+                (option.valueName.isEmpty() ? QStringLiteral("\n")
+                                            : QStringLiteral(" (default %1)\n").arg(option.defaultValue));
     return text;
 }
 
@@ -95,7 +99,11 @@ bool parse(const ToolCommand& command, const QStringList& arguments, ToolArgumen
             throw UsageError(QStringLiteral("%1 has no option %2").arg(command.name, name));
         if (given.contains(name)) throw UsageError(QStringLiteral("%1 is given twice").arg(name));
         given << name;
-        if (argument.contains(QLatin1Char('='))) {
+        if (known->valueName.isEmpty()) {
+            if (argument.contains(QLatin1Char('=')))
+                throw UsageError(QStringLiteral("%1 takes no value").arg(name));
+            out.options[name] = QStringLiteral("1");
+        } else if (argument.contains(QLatin1Char('='))) {
             out.options[name] = argument.section(QLatin1Char('='), 1);
         } else {
             if (i + 1 >= arguments.size())
@@ -111,6 +119,7 @@ bool parse(const ToolCommand& command, const QStringList& arguments, ToolArgumen
 } // namespace
 
 void Print(const QString& text) { write(stdout, text); }
+void Report(const QString& text) { write(stderr, text); }
 
 int RunTool(const QList<ToolCommand>& commands, const QStringList& arguments) {
     try {

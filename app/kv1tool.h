@@ -11,7 +11,7 @@
 
 struct ToolOption {
     QString name;         // "--cell"
-    QString valueName;    // "N"
+    QString valueName;    // "N"; empty for a switch, which reads "1" when given and "" when not
     QString help;         // one line for --help
     QString defaultValue; // what the command sees when the option is not given
 };
@@ -50,8 +50,9 @@ public:
     QString message;
 };
 
-// Text for people on standard output.
+// Text for people on standard output; progress on standard error.
 void Print(const QString& text);
+void Report(const QString& text);
 
 // Runs a command line (without the program's name) against the table; returns the exit status.
 // Run-time errors of the core end up as "kv1: <text>", exit status 1.

@@ -1,4 +1,8 @@
 // The companion tool kv1, run as a user runs it, on a project made here.
+#include "export/htmlwords.h"
+#include "export/webpage.h"
+#include "model/ansi.h"
+#include "model/projectopen.h"
 #include "support/testpictures.h"
 
 #include <QProcess>
@@ -26,6 +30,7 @@ class TestKv1 : public QObject {
     Q_OBJECT
 private slots:
     void infoCopyAndUsage();
+    void exportWritesPagesAndPictures();
 };
 
 void TestKv1::infoCopyAndUsage() {
@@ -83,6 +88,58 @@ void TestKv1::infoCopyAndUsage() {
     r = kv1({"info", "/nowhere/at/all.kv1"});
     QCOMPARE(r.err, QString("kv1: Path not found: /nowhere/at/all.kv1\n"));
     QCOMPARE(r.status, 1);
+}
+
+void TestKv1::exportWritesPagesAndPictures() {
+    QTemporaryDir dir;
+    const QString folder = dir.path() + "/", trip = folder + "trip.kv1", web = folder + "web/";
+    QByteArray file = "8\r\n2\r\n2\r\nThe end\r\n65280\r\n65280\r\nCoast <b>\r\n";
+    for (int i = 1; i <= 8; ++i)
+        file += (i == 1 ? "sea-0001\r\n0\r\n0\r\nFirst\r\nHello\r\nToUse\r\n"
+                 : i == 6 ? "sea-0006\r\n0\r\n0\r\nToUse\r\nSix\r\nsix.htm\r\n"
+                          : "none\r\n0\r\n0\r\nToUse\r\nToUse\r\nToUse\r\n");
+    {
+        QFile f(trip);
+        QVERIFY(f.open(QIODevice::WriteOnly) && f.write(file) == file.size());
+    }
+    QVERIFY(QDir().mkpath(folder + "trip_Data") && QDir().mkpath(web));
+    QVERIFY(WriteBmp(QuadrantPicture(40, 40), folder + "trip_Data/sea-0001.bmp"));
+    QVERIFY(WriteBmp(QuadrantPicture(60, 30), folder + "trip_Data/sea-0006.bmp"));
+
+    Run r = kv1({"export", trip, web + "story.htm", "--cell", "48", "--no-numbers"});
+    QCOMPARE(r.status, 0);
+    QStringList written = QDir(web).entryList(QDir::Files, QDir::Name);
+    QCOMPARE(written, (QStringList{"sea-001.JPG", "sea-006.JPG", "story_001.htm", "story_002.htm"}));
+    const QImage jpeg(web + "sea-006.JPG");
+    QCOMPARE(jpeg.size(), QSize(48, 48));
+    QVERIFY(Near(jpeg.pixelColor(3, 3), kTopLeft));
+
+    // Page 2 is what the generator makes of the project as Kelvrin opens it.
+    Project project;
+    ReadProject(project, trip, folder, "trip");
+    for (int id = 101; id <= 130; ++id) project.HtmlWords[id - 100] = LoadResString(id);
+    HtmlExportOptions options;
+    options.Structure[kNumberPanes] = false;
+    WebpageState state;
+    state.PageCount = 2;
+    state.CurrentPage = 1;
+    MakeWebpage(project, options, "story", state);
+    state.CurrentPage = 2;
+    const QString page2 = MakeWebpage(project, options, "story", state);
+    QCOMPARE(readAll(web + "story_002.htm"), ToAnsi(page2 + "\r\n"));
+    QVERIFY(readAll(web + "story_001.htm").contains("<a href=\"story_002.htm\">Next</a>"));
+
+    // Auto-create off writes page 1 only; pictures are still converted.
+    QVERIFY(QDir(web).removeRecursively() && QDir().mkpath(web));
+    QCOMPARE(kv1({"export", trip, web + "one.htm", "--first-page-only", "--grid", "3"}).status, 0);
+    written = QDir(web).entryList(QDir::Files, QDir::Name);
+    QCOMPARE(written, (QStringList{"one_001.htm", "sea-001.JPG", "sea-006.JPG"}));
+
+    // A project that cannot be opened completely exports nothing.
+    QVERIFY(QFile::remove(folder + "trip_Data/sea-0006.bmp"));
+    r = kv1({"export", trip, web + "two.htm"});
+    QVERIFY(r.status == 1 && r.err.startsWith("kv1: 1 picture missing") && !QFileInfo::exists(web + "two_001.htm"));
+    QCOMPARE(kv1({"export", trip, web + "noext"}).status, 2);
 }
 
 QTEST_GUILESS_MAIN(TestKv1)

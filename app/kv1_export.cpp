@@ -1,0 +1,111 @@
+// kv1 export PROJECT.kv1 PAGE.htm: open as Kelvrin opens, then what the export window's Accept and
+// the picture conversion do.
+#include "export/htmlexport.h"
+#include "export/htmlwords.h"
+#include "kv1commands.h"
+#include "kv1project.h"
+#include "model/prompts.h"
+
+#include <QFileInfo>
+#include <QImage>
+
+namespace {
+// The export's own messages become kv1's one line on standard error.
+class FailureCollector : public Prompts {
+public:
+    QString first;
+    void Message(const QString& text, MsgIcon, const QString&) override {
+        if (first.isEmpty()) first = text;
+    }
+    QString AskOpenFile(const FileRequest&) override { return {}; }
+    QString AskSaveFile(const FileRequest&) override { return {}; }
+};
+
+int wholeOption(const ToolArguments& arguments, const QString& name, int low, int high) {
+    bool ok = false;
+    const int value = arguments.option(name).toInt(&ok);
+    if (!ok || value < low || value > high)
+        throw UsageError(
+            QStringLiteral("%1 takes a whole number from %2 to %3").arg(name).arg(low).arg(high));
+    return value;
+}
+
+bool given(const ToolArguments& arguments, const char* name) {
+    return !arguments.option(QString::fromLatin1(name)).isEmpty();
+}
+
+int runExport(const ToolArguments& arguments) {
+    const int cell = wholeOption(arguments, QStringLiteral("--cell"), 1, 4096);
+    HtmlExportOptions options;
+    options.GridIndex = wholeOption(arguments, QStringLiteral("--grid"), 2, 5) - 2;
+    options.ScaleOption = given(arguments, "--small-screens") ? 0 : 1;
+    const char* boxes[6] = {"--no-dock-labels", "--no-alt-labels", "--no-numbers",
+                            "--no-url-borders", "--no-title",      "--no-footer"};
+    for (int i = 0; i < 6; ++i)
+        options.Structure[static_cast<size_t>(i)] = !given(arguments, boxes[i]);
+    options.AutoCreate = !given(arguments, "--first-page-only");
+
+    const ExportTarget target = ExportTargetOf(QFileInfo(arguments.positional[1]).absoluteFilePath());
+    if (!target.Path.endsWith(QLatin1String(".htm"), Qt::CaseInsensitive) || target.Stem.isEmpty())
+        throw UsageError(QStringLiteral("the page's name must end in .htm: ") + arguments.positional[1]);
+    if (!QFileInfo(target.Folder).isDir())
+        throw ToolFailure(QStringLiteral("no such folder: ") + target.Folder);
+
+    ToolProject opened(arguments.positional[0]);
+    const QString why = opened.whyKelvrinCannotOpen();
+    if (!why.isEmpty()) throw ToolFailure(QStringLiteral("Kelvrin cannot open %1: %2").arg(opened.path, why));
+    const QList<int> missing = opened.missingPictures();
+    if (!missing.isEmpty()) throw ToolFailure(opened.describeMissing(missing));
+    opened.rebuild(static_cast<float>(cell));
+
+    Project& project = opened.project();
+    for (int id = 101; id <= 130; ++id)
+        project.HtmlWords[static_cast<size_t>(id - 100)] = LoadResString(id);
+    WebpageState state;
+    const bool verbose = project.BoardCount * project.GridSide * project.GridSide > 100;
+    const QStringList pages = ExportWebpages(project, options, project.BoardCount, project.GridSide,
+                                             target.Folder, target.Stem, state);
+    QImage canvas;
+    FailureCollector failures;
+    QStringList pictures;
+    const bool done =
+        ExportPanePictures(project, project.BoardCount, project.GridSide, target.Folder, canvas, failures,
+                           &pictures, [verbose](int pane, int last) {
+                               if (verbose && (pane % 100 == 0 || pane == last))
+                                   Report(QStringLiteral("kv1: picture %1 of %2\n").arg(pane).arg(last));
+                           });
+    if (!done) throw ToolFailure(failures.first);
+    Print(QStringLiteral("Exported %1 to %2: %3 pages, %4 pictures\n")
+              .arg(opened.path, target.Folder)
+              .arg(pages.size())
+              .arg(pictures.size()));
+    for (const QString& file : pages + pictures)
+        Print(QStringLiteral("  ") + file + QLatin1Char('\n'));
+    return 0;
+}
+} // namespace
+
+ToolCommand ExportCommand() {
+    const auto flag = [](const char* name, const char* help) {
+        return ToolOption{QString::fromLatin1(name), QString(), QString::fromLatin1(help), QString()};
+    };
+    return {QStringLiteral("export"),
+            {QStringLiteral("PROJECT.kv1"), QStringLiteral("PAGE.htm")},
+            QStringLiteral("Opens the project as Kelvrin's Open Project does and exports it as Kelvrin's\n"
+                           "Export As Html does: pages PAGE_001.htm, PAGE_002.htm, ... linked by \"Next\",\n"
+                           "and one JPEG per pane with a picture, all in PAGE.htm's folder. Without\n"
+                           "options it uses the export window's defaults."),
+            {{QStringLiteral("--cell"), QStringLiteral("N"),
+              QStringLiteral("side of the pane pictures in pixels, 1 to 4096"), QStringLiteral("256")},
+             {QStringLiteral("--grid"), QStringLiteral("N"),
+              QStringLiteral("panes per side of a page, 2 to 5"), QStringLiteral("2")},
+             flag("--small-screens", "scale panes for 640 x 480 (else 800 x 600, 1024 x 768)"),
+             flag("--no-dock-labels", "no labels with the panes"),
+             flag("--no-alt-labels", "no labels as ALT text"),
+             flag("--no-numbers", "no pane numbers"),
+             flag("--no-url-borders", "no border setting for linked panes"),
+             flag("--no-title", "no board title"),
+             flag("--no-footer", "no footer text"),
+             flag("--first-page-only", "write page 1 only (auto-create off)")},
+            runExport};
+}
