@@ -2,6 +2,7 @@
 
 #include "images/dibsection.h"
 #include "images/jpegwriter.h"
+#include "images/panebatch.h"
 #include "model/numbers.h"
 #include "model/prompts.h"
 #include "model/runtimeerror.h"
@@ -51,32 +52,64 @@ QString PanePictureName(const Project& project, const QString& folder, int paneI
 bool ExportPanePictures(const Project& project, qint16 boardCount, qint16 gridSide, const QString& folder,
                         QImage& canvas, Prompts& prompts, QStringList* written,
                         const std::function<void(int, int)>& progress) {
+    // Pictures are loaded, painted and encoded on every core; the files are written, and any
+    // failure told, in pane order here, so the result is that of converting one after another.
+    struct Job {
+        int pane;
+        QString source, target;
+    };
+    struct Converted {
+        bool loaded = false, encoded = false;
+        QImage painted;
+        QByteArray jpeg;
+    };
     try {
         const int last = Mul16(Mul16(gridSide, gridSide), boardCount);
-        cDIBSection dib;
+        std::vector<Job> jobs;
         for (int i = 1; i <= last; ++i) {
             const Pane& pane = project.Panes(i);
-            if (pane.ImageFile == kNone) continue;
-            if (progress) progress(i, last);
-            if (!dib.Load(pane.ImageFile, &prompts)) return false;
-            canvas = QImage(dib.dib_width(), dib.dib_height(), QImage::Format_RGB32);
-            dib.PaintPicture(&canvas, 0, 0, -1, -1, 0, 0, RasterOp::SrcCopy);
-            const QString name = PanePictureName(project, folder, i);
-            bool saved = false;
-            try {
-                saved = SaveJPG(dib, name);
-            } catch (const RunTimeError&) {
-                saved = false;
-            }
-            if (!saved) {
-                prompts.Message(kImageSaveFailed, MsgIcon::Exclamation, kHtmlOutputTitle);
-                return false;
-            }
-            if (written) *written << name;
+            if (pane.ImageFile != kNone)
+                jobs.push_back({i, pane.ImageFile, PanePictureName(project, folder, i)});
         }
+        bool ok = true;
+        RenderInOrder<Converted>(
+            static_cast<int>(jobs.size()),
+            [&jobs](int k) {
+                Converted c;
+                cDIBSection dib;
+                c.loaded = dib.Load(jobs[static_cast<size_t>(k)].source, nullptr);
+                if (!c.loaded) return c;
+                c.painted = QImage(dib.dib_width(), dib.dib_height(), QImage::Format_RGB32);
+                dib.PaintPicture(&c.painted, 0, 0, -1, -1, 0, 0, RasterOp::SrcCopy);
+                c.encoded = EncodeJPG(dib, c.jpeg);
+                return c;
+            },
+            [&](int k, Converted& c) {
+                const Job& job = jobs[static_cast<size_t>(k)];
+                if (progress) progress(job.pane, last);
+                if (!c.loaded) {
+                    // Loading again here is what tells the user, once, on this thread.
+                    cDIBSection dib;
+                    dib.Load(job.source, &prompts);
+                    return ok = false;
+                }
+                canvas = c.painted;
+                bool saved = c.encoded;
+                try {
+                    if (saved) WriteJpegFile(c.jpeg, job.target);
+                } catch (const RunTimeError&) {
+                    saved = false;
+                }
+                if (!saved) {
+                    prompts.Message(kImageSaveFailed, MsgIcon::Exclamation, kHtmlOutputTitle);
+                    return ok = false;
+                }
+                if (written) *written << job.target;
+                return true;
+            });
+        return ok;
     } catch (const RunTimeError&) {
         prompts.Message(kSystemFailed, MsgIcon::Critical, kHtmlOutputTitle);
         return false;
     }
-    return true;
 }

@@ -24,7 +24,7 @@ bool SaveJPG(cDIBSection& dib, const QString& fileName) {
     return WriteJPG(dib, fileName);
 }
 
-bool WriteJPG(cDIBSection& dib, const QString& fileName) {
+bool EncodeJPG(cDIBSection& dib, QByteArray& out) {
     Compressor encoder;
     if (!encoder.handle) return false;
     const qint32 width = dib.dib_width();
@@ -40,16 +40,23 @@ bool WriteJPG(cDIBSection& dib, const QString& fileName) {
     if (tjCompress2(encoder.handle, bits, width, pitch, height, format, &encoder.jpeg, &size, TJSAMP_420,
                     kJpegQuality, TJFLAG_BOTTOMUP) != 0)
         return false;
+    out = QByteArray(reinterpret_cast<const char*>(encoder.jpeg), static_cast<qsizetype>(size));
+    return true;
+}
 
+void WriteJpegFile(const QByteArray& jpeg, const QString& fileName) {
     QFile file(fileName);
     // Read-write keeps an existing file's bytes: only the start is overwritten.
     if (!file.open(QIODevice::ReadWrite)) {
         if (!QFileInfo(fileName).absoluteDir().exists()) throw RunTimeError::PathNotFound(fileName);
         throw RunTimeError::PathFileAccess(fileName);
     }
-    const qint64 length = static_cast<qint64>(size);
-    if (file.write(reinterpret_cast<const char*>(encoder.jpeg), length) != length || !file.flush())
-        throw RunTimeError::PathFileAccess(fileName);
-    file.close();
+    if (file.write(jpeg) != jpeg.size() || !file.flush()) throw RunTimeError::PathFileAccess(fileName);
+}
+
+bool WriteJPG(cDIBSection& dib, const QString& fileName) {
+    QByteArray jpeg;
+    if (!EncodeJPG(dib, jpeg)) return false;
+    WriteJpegFile(jpeg, fileName);
     return true;
 }

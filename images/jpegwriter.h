@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 
 class cDIBSection;
@@ -14,6 +15,11 @@ class cDIBSection;
 // missing folder, 75 otherwise) for the caller to trap.
 bool SaveJPG(cDIBSection& dib, const QString& fileName);
 bool WriteJPG(cDIBSection& dib, const QString& fileName);
+
+// The two halves of WriteJPG: the encoding into memory (false as above), and the write of the
+// bytes over the start of the file (RunTimeError as above).
+bool EncodeJPG(cDIBSection& dib, QByteArray& out);
+void WriteJpegFile(const QByteArray& jpeg, const QString& fileName);
 
 // The JPEG quality every exported picture is written at.
 constexpr int kJpegQuality = 75;

@@ -3,11 +3,6 @@
 #include "images/paneimage.h"
 #include "model/numbers.h"
 
-#include <QFuture>
-#include <QThread>
-#include <QtConcurrent/QtConcurrentRun>
-#include <deque>
-
 RenderedPane RenderCatching(const std::function<QByteArray()>& render) {
     RenderedPane result;
     try {
@@ -18,32 +13,6 @@ RenderedPane RenderCatching(const std::function<QByteArray()>& render) {
         result.error = RunTimeError::OutOfMemory();
     }
     return result;
-}
-
-void RenderInOrder(int count, const std::function<RenderedPane(int)>& render,
-                   const std::function<bool(int, RenderedPane&)>& commit) {
-    // Enough jobs in flight to keep every core busy, few enough that memory does not grow with
-    // the number of pictures.
-    const int window = 2 * qMax(1, QThread::idealThreadCount()) + 2;
-    std::deque<QFuture<RenderedPane>> inFlight;
-    int next = 0;
-    const auto fill = [&] {
-        while (next < count && static_cast<int>(inFlight.size()) < window) {
-            const int job = next++;
-            inFlight.push_back(QtConcurrent::run([&render, job] { return render(job); }));
-        }
-    };
-    fill();
-    bool go = true;
-    for (int i = 0; i < count && go; ++i) {
-        RenderedPane result = inFlight.front().result();
-        inFlight.pop_front();
-        go = commit(i, result);
-        if (go) fill();
-    }
-    // Jobs rendered ahead of a stop are dropped, but they must finish before their data goes.
-    for (QFuture<RenderedPane>& f : inFlight)
-        f.waitForFinished();
 }
 
 void StorePaneImages(Project& project, int first, int last, float paneSize, bool makeNewName,
@@ -60,7 +29,7 @@ void StorePaneImages(Project& project, int first, int last, float paneSize, bool
     }
     const int count = static_cast<int>(jobs.size());
     std::optional<RunTimeError> failure;
-    RenderInOrder(
+    RenderInOrder<RenderedPane>(
         count,
         [&jobs, side](int i) {
             const Job& job = jobs[static_cast<size_t>(i)];

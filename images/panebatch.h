@@ -4,6 +4,10 @@
 #include "model/runtimeerror.h"
 
 #include <QByteArray>
+#include <QFuture>
+#include <QThread>
+#include <QtConcurrent/QtConcurrentRun>
+#include <deque>
 #include <functional>
 #include <optional>
 
@@ -21,8 +25,31 @@ struct RenderedPane {
 // Renders job i (0 to count - 1) with render(i) on worker threads, never more than a few jobs
 // ahead of the one being committed, and hands each result to commit(i, result) in order on the
 // calling thread. Stops when commit returns false. render must be safe to call from any thread.
-void RenderInOrder(int count, const std::function<RenderedPane(int)>& render,
-                   const std::function<bool(int, RenderedPane&)>& commit);
+template <typename Result, typename Render, typename Commit>
+void RenderInOrder(int count, const Render& render, const Commit& commit) {
+    // Enough jobs in flight to keep every core busy, few enough that memory does not grow with
+    // the number of pictures.
+    const int window = 2 * qMax(1, QThread::idealThreadCount()) + 2;
+    std::deque<QFuture<Result>> inFlight;
+    int next = 0;
+    const auto fill = [&] {
+        while (next < count && static_cast<int>(inFlight.size()) < window) {
+            const int job = next++;
+            inFlight.push_back(QtConcurrent::run([&render, job] { return render(job); }));
+        }
+    };
+    fill();
+    bool go = true;
+    for (int i = 0; i < count && go; ++i) {
+        Result result = inFlight.front().result();
+        inFlight.pop_front();
+        go = commit(i, result);
+        if (go) fill();
+    }
+    // Jobs rendered ahead of a stop are dropped, but they must finish before their data goes.
+    for (QFuture<Result>& f : inFlight)
+        f.waitForFinished();
+}
 
 // A render that turns a RunTimeError into the result's error.
 RenderedPane RenderCatching(const std::function<QByteArray()>& render);

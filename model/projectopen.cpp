@@ -1,8 +1,9 @@
 #include "model/projectopen.h"
 
-#include "images/paneimage.h"
+#include "images/panebatch.h"
 #include "model/numbers.h"
 #include "model/projectfile.h"
+#include "model/runtimeerror.h"
 
 void ReadProject(Project& project, const QString& path, const QString& folder, const QString& name) {
     ResetPanes(project);
@@ -13,10 +14,13 @@ void ReadProject(Project& project, const QString& path, const QString& folder, c
     project.BoardCount = CInt(project.DialogReply2[2]);
 }
 
-qint16 AnnouncedPaneTotal(const Project& project) { return CInt(project.DialogReply2[1]); }
+qint16 AnnouncedPaneTotal(const Project& project) {
+    return CInt(project.DialogReply2[1]);
+}
 
 void RebuildPaneImages(Project& project, float cellSize) {
     const qint16 total = AnnouncedPaneTotal(project);
-    for (int i = 1; i <= total; ++i)
-        StorePaneImage(project, static_cast<qint16>(i), cellSize, true);
+    StorePaneImages(project, 1, qMin<int>(total, kMaxPane), cellSize, true);
+    // A file that announces more panes than the pool holds runs into its end.
+    if (total > kMaxPane) throw RunTimeError::SubscriptOutOfRange();
 }
