@@ -7,13 +7,25 @@
 //                                               libjpeg-turbo decode only, one thread
 //   kelvrin_bench relayout DIR [--cell N]       1000 panes re-scaled to a new cell
 //   kelvrin_bench encode-floor DIR [--cell N]   TurboJPEG compression of 1000 cell-size buffers
+//   kelvrin_bench make-project DIR OUT [--cell N]
+//                                               a 5 x 5 project of 40 boards, every pane with a
+//                                               picture: OUT/work (working pictures), OUT/trip.kv1
+//   kelvrin_bench save OUT                      Save Project As of that project, to a new folder
+//   kelvrin_bench open OUT [--cell N]           Open Project of OUT/trip.kv1, pictures rebuilt
+//   kelvrin_bench export OUT                    pages and JPEGs of the 1000 panes, to a new folder
 //
 // Each measuring command prints "seconds <s>" and "peak-rss <KiB>".
 #include "corpus.h"
 #include "images/jpegdecode.h"
 #include "images/panebatch.h"
 #include "images/paneimage.h"
+#include "export/htmlexport.h"
+#include "export/htmlwords.h"
+#include "model/numbers.h"
 #include "model/project.h"
+#include "model/projectfile.h"
+#include "model/projectopen.h"
+#include "model/prompts.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -29,13 +41,14 @@
 
 namespace {
 struct Args {
-    QString command, dir;
+    QString command, dir, out;
     int frames = 300, cell = 231, count = 0;
 };
 
 QStringList frameFiles(const QString& dir) {
     QStringList files;
-    for (const QString& name : QDir(dir).entryList({QStringLiteral("Frame*.jpg")}, QDir::Files, QDir::Name))
+    const QStringList patterns{QStringLiteral("*.jpg"), QStringLiteral("*.gif"), QStringLiteral("*.bmp")};
+    for (const QString& name : QDir(dir).entryList(patterns, QDir::Files, QDir::Name))
         files << dir + QLatin1Char('/') + name;
     return files;
 }
@@ -130,6 +143,90 @@ int encodeFloor(const Args& a) {
     report(t.nsecsElapsed() / 1e9);
     return 0;
 }
+// The 1000-pane project of make-project, back in memory with its working pictures in OUT/work.
+void loadBuiltProject(Project& project, const QString& out) {
+    project.WorkFolder = out + QStringLiteral("/work");
+    project.GridSide = 5;
+    project.BoardCount = 40;
+    for (int p = 1; p <= kMaxPane; ++p) {
+        Pane& pane = project.Panes(p);
+        pane.SourceStem = QStringLiteral("Frame");
+        pane.SourceFile = QStringLiteral("unused");
+        pane.ImageFile = PaneImageName(project, p);
+        pane.Text = QStringLiteral("Shot %1").arg(p);
+    }
+    for (int id = 101; id <= 130; ++id) project.HtmlWords[static_cast<size_t>(id - 100)] = LoadResString(id);
+}
+
+int makeProject(const Args& a) {
+    Project project;
+    project.WorkFolder = a.out + QStringLiteral("/work");
+    QDir().mkpath(project.WorkFolder);
+    project.GridSide = 5;
+    project.BoardCount = 40;
+    assignFrames(project, frameFiles(a.dir), kMaxPane);
+    StorePaneImages(project, 1, kMaxPane, static_cast<float>(a.cell), true);
+    SaveProjectFile(project, QStringLiteral("trip"), a.out + QStringLiteral("/trip.kv1"), a.out + QLatin1Char('/'),
+                    kMaxPane, 40, 5);
+    return 0;
+}
+
+// A fresh folder for every run, so that no run only replaces what the last one wrote.
+QString freshFolder(const QString& out, const char* kind) {
+    for (int n = 1;; ++n) {
+        const QString f = out + QStringLiteral("/%1-%2").arg(QString::fromLatin1(kind)).arg(n);
+        if (!QFileInfo::exists(f) && QDir().mkpath(f)) return f + QLatin1Char('/');
+    }
+}
+
+int save(const Args& a) {
+    Project project;
+    loadBuiltProject(project, a.dir);
+    const QString folder = freshFolder(a.dir, "save");
+    QElapsedTimer t;
+    t.start();
+    SaveProjectFile(project, QStringLiteral("trip"), folder + QStringLiteral("trip.kv1"), folder, kMaxPane, 40, 5);
+    report(t.nsecsElapsed() / 1e9);
+    return 0;
+}
+
+int open(const Args& a) {
+    QTemporaryDir work;
+    Project project;
+    project.WorkFolder = work.path();
+    QElapsedTimer t;
+    t.start();
+    ReadProject(project, a.dir + QStringLiteral("/trip.kv1"), a.dir + QLatin1Char('/'), QStringLiteral("trip"));
+    RebuildPaneImages(project, static_cast<float>(a.cell));
+    report(t.nsecsElapsed() / 1e9);
+    return 0;
+}
+
+class Quiet : public Prompts {
+public:
+    void Message(const QString& text, MsgIcon, const QString&) override {
+        std::fprintf(stderr, "%s\n", qPrintable(text));
+    }
+    QString AskOpenFile(const FileRequest&) override { return {}; }
+    QString AskSaveFile(const FileRequest&) override { return {}; }
+};
+
+int exportProject(const Args& a) {
+    Project project;
+    loadBuiltProject(project, a.dir);
+    const QString folder = freshFolder(a.dir, "export");
+    Quiet prompts;
+    QImage canvas;
+    QElapsedTimer t;
+    t.start();
+    HtmlExportOptions options;
+    options.GridIndex = 3;
+    WebpageState state;
+    ExportWebpages(project, options, 40, 5, folder, QStringLiteral("trip"), state);
+    const bool ok = ExportPanePictures(project, 40, 5, folder, canvas, prompts);
+    report(t.nsecsElapsed() / 1e9);
+    return ok ? 0 : 1;
+}
 } // namespace
 
 int main(int argc, char** argv) {
@@ -145,7 +242,8 @@ int main(int argc, char** argv) {
         else if (s == QLatin1String("--cell")) a.cell = next();
         else if (s == QLatin1String("--count")) a.count = next();
         else if (a.command.isEmpty()) a.command = s;
-        else a.dir = s;
+        else if (a.dir.isEmpty()) a.dir = s;
+        else a.out = s;
     }
     const std::map<QString, std::function<int(const Args&)>> commands{
         {QStringLiteral("corpus"),
@@ -156,10 +254,14 @@ int main(int argc, char** argv) {
         {QStringLiteral("import"), import},
         {QStringLiteral("decode-floor"), decodeFloor},
         {QStringLiteral("relayout"), relayout},
-        {QStringLiteral("encode-floor"), encodeFloor}};
+        {QStringLiteral("encode-floor"), encodeFloor},
+        {QStringLiteral("make-project"), makeProject},
+        {QStringLiteral("save"), save},
+        {QStringLiteral("open"), open},
+        {QStringLiteral("export"), exportProject}};
     const auto it = commands.find(a.command);
     if (it == commands.end() || a.dir.isEmpty()) {
-        std::fprintf(stderr, "usage: kelvrin_bench corpus|import|decode-floor|relayout|encode-floor DIR [options]\n");
+        std::fprintf(stderr, "usage: kelvrin_bench COMMAND DIR [OUT] [options] (see bench/bench.cpp)\n");
         return 2;
     }
     return it->second(a);

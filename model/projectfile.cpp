@@ -9,6 +9,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QtConcurrent/QtConcurrentMap>
 #include <filesystem>
 #include <system_error>
 
@@ -145,14 +146,17 @@ void SaveProjectFile(Project& project, const QString& name, const QString& path,
     if (!QFileInfo(pictures).isDir()) createFolder(pictures);
 
     // All 1000 records, not only the project's panes: a picture left above the pane total travels too.
-    bool trapping = false;
+    std::vector<std::pair<QString, QString>> copies;
     for (int i = 1; i <= kMaxPane; ++i) {
         const Pane& pane = project.Panes(i);
         if (pane.ImageFile == kNone) continue;
-        trapping = true;
-        copyReplacing(pane.ImageFile,
-                      pictures + QLatin1Char('/') + pictureName(pane.SourceStem, i) + QStringLiteral(".bmp"));
+        copies.emplace_back(pane.ImageFile,
+                            pictures + QLatin1Char('/') + pictureName(pane.SourceStem, i) + QStringLiteral(".bmp"));
     }
+    const bool trapping = !copies.empty();
+    // Every copy goes to a file of its own and failures are ignored, so their order does not
+    // matter: they run side by side.
+    QtConcurrent::blockingMap(copies, [](const std::pair<QString, QString>& c) { copyReplacing(c.first, c.second); });
 
     bool pastLastPane = false;
     const QByteArray bytes = ToAnsi(projectText(project, paneTotal, boardCount, gridSide, pastLastPane));
