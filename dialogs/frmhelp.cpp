@@ -63,7 +63,7 @@ frmHelp::frmHelp(QWidget* parent) : QDialog(parent) {
     Text1 = new QPlainTextEdit(this);
     Text1->setObjectName(QStringLiteral("Text1"));
     Text1->setReadOnly(true);
-    Text1->setMinimumSize(420, 220);
+    Text1->setMinimumSize(520, 300);
     Label1 = new QLabel(QStringLiteral("Kelvrin 1 : 2002 Edition - [Orvane Works]"), this);
     Label1->setObjectName(QStringLiteral("Label1"));
     Command1 = new QPushButton(QStringLiteral("Okay"), this);
