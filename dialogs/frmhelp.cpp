@@ -1,5 +1,8 @@
 #include "dialogs/frmhelp.h"
 
+#include "dialogs/helptexts.h"
+
+#include <QHBoxLayout>
 #include <QVBoxLayout>
 
 QStringList HelpTopicNames() {
@@ -56,6 +59,30 @@ frmHelp::frmHelp(QWidget* parent) : QDialog(parent) {
     setWindowTitle(QStringLiteral("Help"));
     Combo_HelpTopic = new QComboBox(this);
     Combo_HelpTopic->setObjectName(QStringLiteral("Combo_HelpTopic"));
+    Combo_HelpTopic->setMaxVisibleItems(16);
+    Text1 = new QPlainTextEdit(this);
+    Text1->setObjectName(QStringLiteral("Text1"));
+    Text1->setReadOnly(true);
+    Text1->setMinimumSize(520, 300);
+    Label1 = new QLabel(QStringLiteral("Kelvrin 1 : 2002 Edition - [Orvane Works]"), this);
+    Label1->setObjectName(QStringLiteral("Label1"));
+    Command1 = new QPushButton(QStringLiteral("Okay"), this);
+    Command1->setObjectName(QStringLiteral("Command1"));
+    Command1->setAutoDefault(false);
+    connect(Command1, &QPushButton::clicked, this, &QDialog::accept);
+    // Every choice, the program's own at start-up included, shows its topic.
+    connect(Combo_HelpTopic, &QComboBox::currentIndexChanged, this, [this] { Combo_HelpTopic_Click(); });
+
+    auto* bottom = new QHBoxLayout;
+    bottom->addWidget(Label1, 1);
+    bottom->addWidget(Command1);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(Combo_HelpTopic);
+    layout->addWidget(Text1, 1);
+    layout->addLayout(bottom);
+}
+
+void frmHelp::Combo_HelpTopic_Click() {
+    const QString text = HelpTopicText(Combo_HelpTopic->currentText());
+    if (!text.isNull()) Text1->setPlainText(text);
 }

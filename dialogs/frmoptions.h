@@ -1,15 +1,41 @@
 #pragma once
 
+#include "model/project.h"
+#include "stage/stageview.h"
+
 #include <QComboBox>
 #include <QDialog>
+#include <QGroupBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <array>
 
 // "Options :": the board's title, footer and move highlight, or the selected pane's label, URL
-// and the global highlight.
+// and the global highlight. One group is in view at a time; the other frame sits at a negative
+// horizontal position, and that position is what tells accepting which group to store.
 class frmOptions : public QDialog {
     Q_OBJECT
 public:
-    explicit frmOptions(QWidget* parent = nullptr);
+    frmOptions(Project& project, StageView* stage, QWidget* parent = nullptr);
 
+    std::array<QGroupBox*, 2> Frame1; // 0 "Board :", 1 "Panes :"
+    // 0 label, 1 URL (pane group); 2 footer text, 3 title (board group).
+    std::array<QLineEdit*, 4> Text1;
     QComboBox* Combo_MoveHighlight;
     QComboBox* Combo_GridHighlight;
+    std::array<QPushButton*, 2> Button_acceptOrclose; // 0 "Close", 1 "Accept"
+
+    // Puts one group in view and moves the other out of it.
+    void PlaceFrames(bool boardMode);
+    // Index 0 closes, any other stores the group in view for the pane in DialogReply(1).
+    void Button_acceptOrclose_Click(int index);
+    // The close box and Escape are the Close button.
+    void reject() override;
+
+private:
+    Project& project_;
+    StageView* stage_;
 };
+
+// The colour of a value written as red + 256 x green + 65536 x blue.
+QColor ColourOfValue(qint32 value);

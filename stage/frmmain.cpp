@@ -63,11 +63,11 @@ frmMain::frmMain(Project& project, Prompts& prompts, QWidget* parent)
     buildMenus();
     addKeyboardAccess();
 
-    AddNew = new frmAddNew(this);
-    Options = new frmOptions(this);
+    AddNew = new frmAddNew(project, this);
+    Options = new frmOptions(project, picStage, this);
     HTML = new frmHTML(project, prompts, this);
     Help = new frmHelp(this);
-    MsgBox = new frmMsgBox(this);
+    MsgBox = new frmMsgBox(project, this);
     About = new frmAbout(this);
     CloseUp = new frmCloseUp(this);
 

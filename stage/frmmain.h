@@ -170,6 +170,15 @@ public:
     static QString HoverLabel(const QString& label, float cellSize);
     // After the export window: every pane picture to a JPEG beside the exported pages.
     void ExportPanePictures();
+    // Pane commands and their windows (frmmain_panes.cpp).
+    QString AskPicturePath(qint16 paneIndex);
+    QString AskImageSequence();
+    void ChangeProject();
+    void ReshapeProject(qint16 gridSide, qint16 boardCount, float stageSize, bool discard);
+    void ShowProperties(qint16 paneIndex, bool boardMode);
+    void ShowCloseUp(qint16 paneIndex, float stageSide);
+    // The shuffle's random numbers in [0, 1); empty for the clock-seeded source.
+    std::function<double()> ShuffleRandom;
 
     // The blank pane picture, bitmap resource 101.
     static QImage BlankPicture();

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "model/project.h"
+
+#include <QString>
+
+// A numbered picture sequence (Image01.bmp, Image02.bmp, ...) taken from the one file the user
+// chose, and the import that fills consecutive panes from it.
+
+struct ImageSequence {
+    QString Path;      // the chosen file's full path
+    QString Folder;    // the path less the file name, so it ends with "/"
+    QString Prefix;    // the name stem without its number
+    int Zeros = 0;     // leading zeros written before the number: 0, 1 or 2
+    int Number = 0;    // the first number
+    QString Extension; // the last four characters of the path, as typed, dot included
+    // "Success" when the name carries a usable number, "error" when it does not, and empty when
+    // reading the name failed (a digit followed by something that is not a number, or no stem).
+    QString Result;
+};
+
+// Reads the sequence from a chosen file's full path and file name (its title). Only the last
+// three characters of the stem (the title less its four-character extension) are looked at:
+// "0" counts as a leading zero, the first of "1" to "9" starts the number, and what follows
+// that digit is read as part of the number.
+ImageSequence AnalyseSequence(const QString& path, const QString& title);
+
+// The number as the files of the sequence write it: plain, or at least two or three digits for
+// one or two leading zeros.
+QString SequenceNumberText(qint64 number, int zeros);
+
+// The file to load for a path of the sequence. The path itself when it exists; otherwise the file
+// whose extension differs from the path's only in upper and lower case (Image02.JPG for
+// Image02.jpg), so that a sequence is found as it would be on a file system that ignores case.
+// When neither exists the path is returned unchanged and loading it reports the missing file.
+QString FindSequenceFile(const QString& path);
+
+struct ImportOutcome {
+    qint16 NextPane = 0; // the pane after the last one filled
+    bool Halted = false; // a file was missing or unreadable; false when pane 1000 was filled
+};
+
+// Fills panes firstPane, firstPane + 1, ... with the files of the sequence until the next file
+// is missing or cannot be read, or pane 1000 has been filled, whatever the project's size. Each
+// filled pane takes the prefix as its stem, the file as its source, no flips and a new working
+// picture of cellSize pixels. The pane at which the import halts gets its picture references
+// back; its flips stay cleared.
+ImportOutcome ImportSequence(Project& project, const ImageSequence& sequence, qint16 firstPane,
+                             float cellSize);
+
+// What the import reports when it halts at pane nextPane after starting at firstPane. The message
+// is chosen by nextPane - 1 while the count shown is nextPane - firstPane; the two agree only for
+// an import that starts at pane 1, and that is how the report has always read.
+QString ImportCountMessage(qint16 nextPane, qint16 firstPane);
+// The message for a name without a usable number, and for an import that found nothing.
+QString NoImagesMessage();
