@@ -8,7 +8,6 @@
 int main(int argc, char** argv) {
     KelvrinApplication app(argc, argv);
     KelvrinApplication::setApplicationName(QStringLiteral("kelvrin"));
-    KelvrinApplication::setApplicationDisplayName(QStringLiteral("Kelvrin"));
     KelvrinApplication::setDesktopFileName(QStringLiteral("works.orvane.Kelvrin"));
 
     QtPrompts prompts;
