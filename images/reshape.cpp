@@ -1,12 +1,12 @@
 #include "images/reshape.h"
 
-#include "images/paneimage.h"
+#include "images/panebatch.h"
 #include "model/workfolder.h"
 
-void ReshapePanes(Project& project, float cellSize, bool discard) {
+void ReshapePanes(Project& project, float cellSize, bool discard,
+                  const std::function<void(int, int)>& progress) {
     if (!discard) {
-        for (int i = 1; i <= kMaxPane; ++i)
-            StorePaneImage(project, static_cast<qint16>(i), cellSize, false);
+        StorePaneImages(project, 1, kMaxPane, cellSize, false, progress);
         return;
     }
     EnsureWorkFolder(project.WorkFolder);

@@ -3,6 +3,7 @@
 #include "model/project.h"
 
 #include <QString>
+#include <functional>
 
 // A numbered picture sequence (Image01.bmp, Image02.bmp, ...) taken from the one file the user
 // chose, and the import that fills consecutive panes from it.
@@ -45,8 +46,9 @@ struct ImportOutcome {
 // filled pane takes the prefix as its stem, the file as its source, no flips and a new working
 // picture of cellSize pixels. The pane at which the import halts gets its picture references
 // back; its flips stay cleared.
+// progress(done, most) follows every pane filled.
 ImportOutcome ImportSequence(Project& project, const ImageSequence& sequence, qint16 firstPane,
-                             float cellSize);
+                             float cellSize, const std::function<void(int, int)>& progress = {});
 
 // What the import reports when it halts at pane nextPane after starting at firstPane. The message
 // is chosen by nextPane - 1 while the count shown is nextPane - firstPane; the two agree only for

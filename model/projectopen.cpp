@@ -18,9 +18,9 @@ qint16 AnnouncedPaneTotal(const Project& project) {
     return CInt(project.DialogReply2[1]);
 }
 
-void RebuildPaneImages(Project& project, float cellSize) {
+void RebuildPaneImages(Project& project, float cellSize, const std::function<void(int, int)>& progress) {
     const qint16 total = AnnouncedPaneTotal(project);
-    StorePaneImages(project, 1, qMin<int>(total, kMaxPane), cellSize, true);
+    StorePaneImages(project, 1, qMin<int>(total, kMaxPane), cellSize, true, progress);
     // A file that announces more panes than the pool holds runs into its end.
     if (total > kMaxPane) throw RunTimeError::SubscriptOutOfRange();
 }

@@ -2,6 +2,8 @@
 
 #include "model/project.h"
 
+#include <functional>
+
 #include <QString>
 
 // Opening a project as the Open Project command does, less what it does to the main window. The
@@ -18,4 +20,4 @@ qint16 AnnouncedPaneTotal(const Project& project);
 // Builds the working picture of every pane from 1 to the announced pane total from its copy in
 // the picture folder, cellSize pixels square, under a new name. A copy that is missing or is not
 // a picture stops it with its RunTimeError (53, 481), as does a pane total past pane 1000 (9).
-void RebuildPaneImages(Project& project, float cellSize);
+void RebuildPaneImages(Project& project, float cellSize, const std::function<void(int, int)>& progress = {});

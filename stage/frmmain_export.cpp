@@ -1,5 +1,7 @@
 #include "stage/frmmain.h"
 
+#include "stage/progress.h"
+
 #include "dialogs/frmhtml.h"
 #include "export/htmlexport.h"
 #include "model/numbers.h"
@@ -17,6 +19,8 @@ void frmMain::ExportPanePictures() {
     if (reply[1] == kNone || reply[1].isEmpty()) return;
     // The window's own cursor, not an application-wide one: a failure's message box keeps its arrow.
     setCursor(Qt::WaitCursor);
-    ::ExportPanePictures(project, CInt(reply[4]), CInt(reply[5]), reply[2], tmpPic, prompts);
+    ProgressWindow progress(this, project, QStringLiteral("Exporting pictures ..."));
+    ::ExportPanePictures(project, CInt(reply[4]), CInt(reply[5]), reply[2], tmpPic, prompts, nullptr,
+                         progress.Callback());
     unsetCursor();
 }

@@ -3,6 +3,7 @@
 #include "images/panebatch.h"
 #include "model/numbers.h"
 #include "model/runtimeerror.h"
+#include "stage/progress.h"
 #include "stage/stagelayout.h"
 
 #include <QGuiApplication>
@@ -54,7 +55,10 @@ void frmMain::ArrangeMainWindow() {
         StageFullSize = StageSize;
         StageSize -= 15;
         picStage->setCursor(Qt::WaitCursor);
-        StorePaneImages(project, 1, kMaxPane, CellSize, false);
+        {
+            ProgressWindow progress(this, project, QStringLiteral("Re-scaling pane pictures ..."));
+            StorePaneImages(project, 1, kMaxPane, CellSize, false, progress.Callback());
+        }
         picStage->setCursor(Qt::ArrowCursor);
         picStage->ClearPicture();
         DrawCurrentBoard();

@@ -2,6 +2,7 @@
 
 #include "images/panebatch.h"
 #include "model/numbers.h"
+#include "stage/progress.h"
 
 namespace {
 // The pane list item: the number as "000", ". ", the text.
@@ -24,7 +25,10 @@ qint16 frmMain::FillLists(qint16 gridSide, qint16 boardCount, float stageSize, b
     const qint16 cellSize = CInt(stageSize / gridSide);
     const int total = Mul16(Mul16(gridSide, gridSide), boardCount);
     if (!reset) {
-        StorePaneImages(project, 1, kMaxPane, cellSize, false);
+        {
+            ProgressWindow progress(this, project, QStringLiteral("Re-scaling pane pictures ..."));
+            StorePaneImages(project, 1, kMaxPane, cellSize, false, progress.Callback());
+        }
         List1->clear();
         for (int n = 1; n <= total; ++n)
             List1->addItem(itemText(n, project.Panes(n).Text));

@@ -1,5 +1,7 @@
 #include "stage/frmmain.h"
 
+#include "stage/progress.h"
+
 #include "dialogs/frmabout.h"
 #include "dialogs/frmaddnew.h"
 #include "dialogs/frmcloseup.h"
@@ -95,7 +97,11 @@ void frmMain::mnu_MassImage_Click() {
         CellSize = CInt(StageSize / project.GridSide);
         // The redraw moves the selection to the board's first pane; the count is of the panes filled.
         const qint16 firstPane = SelectedPane;
-        const ImportOutcome outcome = ImportSequence(project, s, firstPane, CellSize);
+        ImportOutcome outcome;
+        {
+            ProgressWindow progress(this, project, QStringLiteral("Importing pictures ..."));
+            outcome = ImportSequence(project, s, firstPane, CellSize, progress.Callback());
+        }
         if (outcome.Halted) {
             picStage->setCursor(Qt::ArrowCursor);
             DrawCurrentBoard();
@@ -135,7 +141,10 @@ void frmMain::ChangeProject() {
 
 void frmMain::ReshapeProject(qint16 gridSide, qint16 boardCount, float stageSize, bool discard) {
     CellSize = CInt(stageSize / gridSide);
-    ReshapePanes(project, CellSize, discard);
+    {
+        ProgressWindow progress(this, project, QStringLiteral("Re-scaling pane pictures ..."));
+        ReshapePanes(project, CellSize, discard, progress.Callback());
+    }
     const int total = Mul16(Mul16(gridSide, gridSide), boardCount);
     List1->clear();
     for (int i = 1; i <= total; ++i)

@@ -1,5 +1,7 @@
 #include "stage/frmmain.h"
 
+#include "stage/progress.h"
+
 #include "dialogs/frmhtml.h"
 #include "model/numbers.h"
 #include "model/projectfile.h"
@@ -72,7 +74,10 @@ void frmMain::OpenProject() {
     // A file that says its grid has no side cannot be laid out.
     if (project.GridSide == 0) throw RunTimeError(11, QStringLiteral("Division by zero"));
     CellSize = CInt(StageSize / project.GridSide);
-    RebuildPaneImages(project, CellSize);
+    {
+        ProgressWindow progress(this, project, QStringLiteral("Opening project ..."));
+        RebuildPaneImages(project, CellSize, progress.Callback());
+    }
 
     picLoader = BlankPicture();
     project.IsBusy = false;
@@ -80,5 +85,9 @@ void frmMain::OpenProject() {
     DrawCurrentBoard();
 }
 
-void frmMain::mnu_OpenProject_Click() { OpenProject(); }
-void frmMain::mnu_SaveAs_Click() { SaveProject(); }
+void frmMain::mnu_OpenProject_Click() {
+    OpenProject();
+}
+void frmMain::mnu_SaveAs_Click() {
+    SaveProject();
+}
