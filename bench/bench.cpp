@@ -2,7 +2,7 @@
 // driver (bench/run) can repeat it and take medians.
 //
 //   kelvrin_bench corpus DIR [--frames N]       make the corpus
-//   kelvrin_bench import DIR [--cell N] [--count N]
+//   kelvrin_bench import DIR [--cell N]         the mass import of DIR/Frame001.jpg onwards
 //   kelvrin_bench decode-floor DIR [--cell N] [--count N]
 //                                               libjpeg-turbo decode only, one thread
 //   kelvrin_bench relayout DIR [--cell N]       1000 panes re-scaled to a new cell
@@ -19,6 +19,7 @@
 #include "images/jpegdecode.h"
 #include "images/panebatch.h"
 #include "images/paneimage.h"
+#include "images/sequence.h"
 #include "export/htmlexport.h"
 #include "export/htmlwords.h"
 #include "model/numbers.h"
@@ -68,16 +69,26 @@ void assignFrames(Project& project, const QStringList& files, int n) {
     }
 }
 
+// The mass import of a numbered sequence from its first file, as the Pane menu's command runs it;
+// a folder without a sequence (the mixed pictures) is loaded file by file into consecutive panes.
 int import(const Args& a) {
-    const QStringList files = frameFiles(a.dir);
-    const int n = qMin(a.count > 0 ? a.count : static_cast<int>(files.size()), kMaxPane);
     QTemporaryDir work;
     Project project;
     project.WorkFolder = work.path();
-    assignFrames(project, files, n);
+    const QString first = a.dir + QStringLiteral("/Frame001.jpg");
     QElapsedTimer t;
+    if (QFileInfo::exists(first)) {
+        const ImageSequence sequence = AnalyseSequence(first, QStringLiteral("Frame001.jpg"));
+        t.start();
+        const ImportOutcome outcome = ImportSequence(project, sequence, 1, static_cast<float>(a.cell));
+        report(t.nsecsElapsed() / 1e9);
+        std::printf("panes %d\n", outcome.NextPane - 1);
+        return 0;
+    }
+    const QStringList files = frameFiles(a.dir);
+    assignFrames(project, files, static_cast<int>(files.size()));
     t.start();
-    StorePaneImages(project, 1, n, static_cast<float>(a.cell), true);
+    StorePaneImages(project, 1, static_cast<int>(files.size()), static_cast<float>(a.cell), true);
     report(t.nsecsElapsed() / 1e9);
     return 0;
 }
