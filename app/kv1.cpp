@@ -3,7 +3,9 @@
 
 #include <QCoreApplication>
 
-QList<ToolCommand> Kv1Commands() { return {InfoCommand(), CopyCommand(), ExportCommand()}; }
+QList<ToolCommand> Kv1Commands() {
+    return {InfoCommand(), CopyCommand(), ExportCommand()};
+}
 
 int main(int argc, char** argv) {
     QCoreApplication app(argc, argv);

@@ -55,11 +55,7 @@ int runCopy(const ToolArguments& arguments) {
     ToolProject opened(arguments.positional[0]);
     if (sameFile(opened.path, target))
         throw ToolFailure(QStringLiteral("the copy would replace the project itself: ") + target);
-    const QString why = opened.whyKelvrinCannotOpen();
-    if (!why.isEmpty()) throw ToolFailure(QStringLiteral("Kelvrin cannot open %1: %2").arg(opened.path, why));
-    const QList<int> missing = opened.missingPictures();
-    if (!missing.isEmpty()) throw ToolFailure(opened.describeMissing(missing));
-    opened.rebuild(static_cast<float>(cell));
+    opened.rebuildCompletely(static_cast<float>(cell));
 
     ReplyList reply;
     SetPathReply(reply, target);

@@ -52,11 +52,7 @@ int runExport(const ToolArguments& arguments) {
         throw ToolFailure(QStringLiteral("no such folder: ") + target.Folder);
 
     ToolProject opened(arguments.positional[0]);
-    const QString why = opened.whyKelvrinCannotOpen();
-    if (!why.isEmpty()) throw ToolFailure(QStringLiteral("Kelvrin cannot open %1: %2").arg(opened.path, why));
-    const QList<int> missing = opened.missingPictures();
-    if (!missing.isEmpty()) throw ToolFailure(opened.describeMissing(missing));
-    opened.rebuild(static_cast<float>(cell));
+    opened.rebuildCompletely(static_cast<float>(cell));
 
     Project& project = opened.project();
     for (int id = 101; id <= 130; ++id)

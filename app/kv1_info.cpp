@@ -10,7 +10,9 @@ QString row(const QString& label, const QString& value) {
     return (label + QLatin1Char(':')).leftJustified(16) + value + QLatin1Char('\n');
 }
 
-QString shown(const QString& text) { return IsSet(text) ? text : QStringLiteral("(none)"); }
+QString shown(const QString& text) {
+    return IsSet(text) ? text : QStringLiteral("(none)");
+}
 
 int runInfo(const ToolArguments& arguments) {
     const ToolProject opened(arguments.positional[0]);

@@ -21,9 +21,13 @@ ToolProject::ToolProject(const QString& file) : project_(std::make_unique<Projec
     ReadProject(*project_, path, folder, name);
 }
 
-qint16 ToolProject::paneTotal() const { return AnnouncedPaneTotal(*project_); }
+qint16 ToolProject::paneTotal() const {
+    return AnnouncedPaneTotal(*project_);
+}
 
-QString ToolProject::pictureFolder() const { return PictureFolder(folder, name); }
+QString ToolProject::pictureFolder() const {
+    return PictureFolder(folder, name);
+}
 
 QList<int> ToolProject::missingPictures() const {
     QList<int> missing;
@@ -56,4 +60,14 @@ QString ToolProject::whyKelvrinCannotOpen() const {
     return QString();
 }
 
-void ToolProject::rebuild(float cellSize) { RebuildPaneImages(*project_, cellSize); }
+void ToolProject::rebuild(float cellSize) {
+    RebuildPaneImages(*project_, cellSize);
+}
+
+void ToolProject::rebuildCompletely(float cellSize) {
+    const QString why = whyKelvrinCannotOpen();
+    if (!why.isEmpty()) throw ToolFailure(QStringLiteral("Kelvrin cannot open %1: %2").arg(path, why));
+    const QList<int> missing = missingPictures();
+    if (!missing.isEmpty()) throw ToolFailure(describeMissing(missing));
+    rebuild(cellSize);
+}

@@ -30,6 +30,9 @@ public:
     QString whyKelvrinCannotOpen() const;
     // Builds every pane's working picture, cellSize pixels square, as Open Project does.
     void rebuild(float cellSize);
+    // rebuild() for a project Kelvrin can open with every picture present; otherwise a
+    // ToolFailure saying why, with nothing built.
+    void rebuildCompletely(float cellSize);
 
 private:
     QTemporaryDir work_;

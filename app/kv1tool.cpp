@@ -42,7 +42,8 @@ QString indented(const QString& text, int columns) {
 QString commandHelp(const ToolCommand& command) {
     QString text = QStringLiteral("  ") + synopsis(command) + QLatin1Char('\n') + indented(command.help, 6);
     for (const ToolOption& option : command.options)
-        text += QStringLiteral("      %1 %2").arg(option.name, option.valueName).leftJustified(26) + option.help +
+        text += QStringLiteral("      %1 %2").arg(option.name, option.valueName).leftJustified(26) +
+                option.help +
                 (option.valueName.isEmpty() ? QStringLiteral("\n")
                                             : QStringLiteral(" (default %1)\n").arg(option.defaultValue));
     return text;
@@ -118,8 +119,12 @@ bool parse(const ToolCommand& command, const QStringList& arguments, ToolArgumen
 }
 } // namespace
 
-void Print(const QString& text) { write(stdout, text); }
-void Report(const QString& text) { write(stderr, text); }
+void Print(const QString& text) {
+    write(stdout, text);
+}
+void Report(const QString& text) {
+    write(stderr, text);
+}
 
 int RunTool(const QList<ToolCommand>& commands, const QStringList& arguments) {
     try {

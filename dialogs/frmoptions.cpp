@@ -1,5 +1,6 @@
 #include "dialogs/frmoptions.h"
 
+#include "model/colour.h"
 #include "model/numbers.h"
 
 #include <QGridLayout>
@@ -7,21 +8,7 @@
 
 namespace {
 constexpr int kFrameLeft = 10, kFrameTop = 8, kFrameWidth = 420, kFrameHeight = 150;
-
-// Blanks around a text go; other white space is the user's.
-QString trimBlanks(const QString& text) {
-    int first = 0, last = static_cast<int>(text.size());
-    while (first < last && text[first] == QLatin1Char(' '))
-        ++first;
-    while (last > first && text[last - 1] == QLatin1Char(' '))
-        --last;
-    return text.mid(first, last - first);
-}
 } // namespace
-
-QColor ColourOfValue(qint32 value) {
-    return QColor(value & 0xFF, (value >> 8) & 0xFF, (value >> 16) & 0xFF);
-}
 
 frmOptions::frmOptions(Project& project, StageView* stage, QWidget* parent)
     : QDialog(parent), project_(project), stage_(stage) {
@@ -97,14 +84,14 @@ void frmOptions::Button_acceptOrclose_Click(int index) {
     }
     if (Frame1[0]->x() >= 0) {
         project_.MoveHighlightColor = Combo_MoveHighlight->currentData().toInt();
-        stage_->Line1.BorderColor = ColourOfValue(project_.MoveHighlightColor);
+        stage_->Line1.BorderColor = ColourOf(project_.MoveHighlightColor);
         stage_->update();
-        project_.FooterText = trimBlanks(Text1[2]->text());
-        project_.BoardTitle = trimBlanks(Text1[3]->text());
+        project_.FooterText = TrimBlanks(Text1[2]->text());
+        project_.BoardTitle = TrimBlanks(Text1[3]->text());
     } else {
         Pane& pane = project_.Panes(CInt(project_.DialogReply[1]));
-        pane.Label = trimBlanks(Text1[0]->text());
-        pane.Url = trimBlanks(Text1[1]->text());
+        pane.Label = TrimBlanks(Text1[0]->text());
+        pane.Url = TrimBlanks(Text1[1]->text());
         project_.GlobalHighlightColor = Combo_GridHighlight->currentData().toInt();
     }
     accept();

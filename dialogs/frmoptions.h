@@ -36,6 +36,3 @@ private:
     Project& project_;
     StageView* stage_;
 };
-
-// The colour of a value written as red + 256 x green + 65536 x blue.
-QColor ColourOfValue(qint32 value);

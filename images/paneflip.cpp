@@ -29,10 +29,5 @@ void FlipPaneImage(Project& project, qint16 paneIndex, float cellSize, qint16, q
 }
 
 void MakePaneBlank(Project& project, qint16 paneIndex) {
-    Pane& pane = project.Panes(paneIndex);
-    pane.ImageFile = kNone;
-    pane.SourceFile = kNone;
-    pane.SourceStem = kNone;
-    pane.FlipHorizontal = 0;
-    pane.FlipVertical = 0;
+    ForgetPicture(project.Panes(paneIndex));
 }

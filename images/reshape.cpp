@@ -11,11 +11,6 @@ void ReshapePanes(Project& project, float cellSize, bool discard,
     }
     EnsureWorkFolder(project.WorkFolder);
     for (int i = 0; i <= kMaxPane; ++i) {
-        Pane& pane = project.Panes(i);
-        pane.ImageFile = kNone;
-        pane.SourceFile = kNone;
-        pane.SourceStem = kNone;
-        pane.FlipHorizontal = 0;
-        pane.FlipVertical = 0;
+        ForgetPicture(project.Panes(i));
     }
 }

@@ -27,14 +27,27 @@ const Pane& Project::Panes(int index) const {
     return pool_[static_cast<size_t>(index)];
 }
 
+void ForgetPicture(Pane& pane) {
+    pane.ImageFile = kNone;
+    pane.SourceFile = kNone;
+    pane.SourceStem = kNone;
+    pane.FlipHorizontal = 0;
+    pane.FlipVertical = 0;
+}
+
+QString TrimBlanks(const QString& text) {
+    qsizetype first = 0, last = text.size();
+    while (first < last && text[first] == QLatin1Char(' '))
+        ++first;
+    while (last > first && text[last - 1] == QLatin1Char(' '))
+        --last;
+    return text.mid(first, last - first);
+}
+
 void ResetPanes(Project& project) {
     for (int i = 1; i <= kMaxPane; ++i) {
         Pane& p = project.Panes(i);
-        p.ImageFile = kNone;
-        p.SourceFile = kNone;
-        p.SourceStem = kNone;
-        p.FlipHorizontal = 0;
-        p.FlipVertical = 0;
+        ForgetPicture(p);
         p.Text = kToUse;
         p.Label = kToUse;
         p.Url = kToUse;
@@ -43,9 +56,13 @@ void ResetPanes(Project& project) {
     project.FooterText = kToUse;
 }
 
-qint16 CellsPerBoard(const Project& project) { return Mul16(project.GridSide, project.GridSide); }
+qint16 CellsPerBoard(const Project& project) {
+    return Mul16(project.GridSide, project.GridSide);
+}
 
-qint16 PaneTotal(const Project& project) { return Mul16(CellsPerBoard(project), project.BoardCount); }
+qint16 PaneTotal(const Project& project) {
+    return Mul16(CellsPerBoard(project), project.BoardCount);
+}
 
 qint16 PaneOfCell(const Project& project, int board, int cell) {
     return Add16(Mul16(board - 1, CellsPerBoard(project)), cell);

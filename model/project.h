@@ -18,11 +18,11 @@ constexpr int kMaxPane = 1000;  // highest pane index; index 0 is scratch, never
 constexpr int kMaxBoards = 100; // boards of a project, whatever the grid
 
 struct Pane {
-    QString Text = kToUse;  // shown in the pane list, edited in the main window
-    QString Label = kToUse; // the picture's ALT text on export, shown on hover
-    QString Url = kToUse;   // the link target around the pane on export
-    qint16 FlipHorizontal = 0; // 1 when mirrored left to right
-    qint16 FlipVertical = 0;   // 1 when mirrored top to bottom
+    QString Text = kToUse;      // shown in the pane list, edited in the main window
+    QString Label = kToUse;     // the picture's ALT text on export, shown on hover
+    QString Url = kToUse;       // the link target around the pane on export
+    qint16 FlipHorizontal = 0;  // 1 when mirrored left to right
+    qint16 FlipVertical = 0;    // 1 when mirrored top to bottom
     QString ImageFile = kNone;  // the working BMP in the working folder
     QString SourceFile = kNone; // the picture the working BMP is built from
     // Left and top pixel of cell k of the board drawn last, kept in record k (a cell table, not
@@ -68,6 +68,10 @@ private:
     std::array<Pane, kMaxPane + 1> pool_;
 };
 
+// The pane has no picture any more: ImageFile, SourceFile and SourceStem "none", no flips. Its
+// texts stay.
+void ForgetPicture(Pane& pane);
+
 // Every pane from 1 to 1000 back to the sentinels, then title and footer; positions and colours stay.
 void ResetPanes(Project& project);
 
@@ -81,4 +85,9 @@ qint16 PaneOfCell(const Project& project, int board, int cell);
 int BoardOfPane(const Project& project, int pane);
 
 // Whether a text counts as set ("ToUse" means no text).
-inline bool IsSet(const QString& text) { return text != kToUse; }
+inline bool IsSet(const QString& text) {
+    return text != kToUse;
+}
+
+// The text without the blanks (spaces) at either end; other white space is the user's.
+QString TrimBlanks(const QString& text);

@@ -10,15 +10,6 @@ QString itemText(int pane, const QString& text) {
     return Format(pane, "000") + QStringLiteral(". ") + text;
 }
 
-// Blanks (spaces) at either end go; other white space is part of the text.
-QString trimBlanks(const QString& text) {
-    qsizetype first = 0, last = text.size();
-    while (first < last && text[first] == QLatin1Char(' '))
-        ++first;
-    while (last > first && text[last - 1] == QLatin1Char(' '))
-        --last;
-    return text.mid(first, last - first);
-}
 } // namespace
 
 qint16 frmMain::FillLists(qint16 gridSide, qint16 boardCount, float stageSize, bool reset) {
@@ -36,9 +27,7 @@ qint16 frmMain::FillLists(qint16 gridSide, qint16 boardCount, float stageSize, b
         // Texts, labels and URLs stay in the records; the list shows them again when it is next
         // rebuilt from the records.
         for (int n = 0; n <= kMaxPane; ++n) {
-            Pane& pane = project.Panes(n);
-            pane.ImageFile = pane.SourceFile = pane.SourceStem = kNone;
-            pane.FlipHorizontal = pane.FlipVertical = 0;
+            ForgetPicture(project.Panes(n));
         }
         List1->clear();
         for (int n = 1; n <= total; ++n)
@@ -75,7 +64,7 @@ void frmMain::SwapItemText() {
     if (Text1->text().isEmpty()) return;
     const int item = List1->currentRow();
     if (item < 0) return;
-    const QString text = trimBlanks(Text1->text());
+    const QString text = TrimBlanks(Text1->text());
     List1->item(item)->setText(itemText(item + 1, text));
     project.Panes(item + 1).Text = text;
 }
