@@ -42,5 +42,6 @@ public:
 
 private:
     void selectAmount();
+    void describe();
     Project& project_;
 };

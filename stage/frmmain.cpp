@@ -64,6 +64,7 @@ frmMain::frmMain(Project& project, Prompts& prompts, QWidget* parent)
     buildControls();
     buildMenus();
     addKeyboardAccess();
+    describeControls();
 
     AddNew = new frmAddNew(project, this);
     Options = new frmOptions(project, picStage, this);
