@@ -5,7 +5,7 @@
 
 #include <QGridLayout>
 #include <QHBoxLayout>
-#include <QShortcut>
+#include <QKeyEvent>
 #include <QVBoxLayout>
 
 frmAddNew::frmAddNew(Project& project, QWidget* parent) : QDialog(parent), project_(project) {
@@ -101,12 +101,23 @@ void frmAddNew::describe() {
     UpDownDown->setAccessibleName(UpDownDown->toolTip());
     Option1[0]->setAccessibleDescription(QStringLiteral("The new shape starts without pictures."));
     Option1[1]->setAccessibleDescription(QStringLiteral("Panes keep their pictures by number."));
+    Text_BoardAmount->installEventFilter(this);
+}
+
+bool frmAddNew::eventFilter(QObject* watched, QEvent* event) {
     // Up and Down in the box step it as the buttons beside it do.
-    auto* up = new QShortcut(QKeySequence(Qt::Key_Up), Text_BoardAmount, nullptr, nullptr, Qt::WidgetShortcut);
-    connect(up, &QShortcut::activated, this, [this] { UpDownControl_UpClick(); });
-    auto* down =
-        new QShortcut(QKeySequence(Qt::Key_Down), Text_BoardAmount, nullptr, nullptr, Qt::WidgetShortcut);
-    connect(down, &QShortcut::activated, this, [this] { UpDownControl_DownClick(); });
+    if (watched == Text_BoardAmount && event->type() == QEvent::KeyPress) {
+        const auto* key = static_cast<QKeyEvent*>(event);
+        if (key->key() == Qt::Key_Up && key->modifiers() == Qt::NoModifier) {
+            UpDownControl_UpClick();
+            return true;
+        }
+        if (key->key() == Qt::Key_Down && key->modifiers() == Qt::NoModifier) {
+            UpDownControl_DownClick();
+            return true;
+        }
+    }
+    return QDialog::eventFilter(watched, event);
 }
 
 void frmAddNew::Combo_MatrixSize_Click() {

@@ -40,6 +40,9 @@ public:
     // The close box and Escape are the Close button.
     void reject() override;
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     void selectAmount();
     void describe();

@@ -125,7 +125,8 @@ void frmHTML::describe() {
     Check2->setAccessibleDescription(
         QStringLiteral("Builds every page from the project; unticked, only the first page is written."));
     html_code->setAccessibleName(QStringLiteral("Page code"));
-    html_code->setAccessibleDescription(QStringLiteral("The HTML code of the first page, which may be edited."));
+    html_code->setAccessibleDescription(
+        QStringLiteral("The HTML code of the first page, which may be edited."));
     // Tab leaves the code for the buttons instead of typing a tab into it.
     html_code->setTabChangesFocus(true);
 }

@@ -83,8 +83,13 @@ frmOptions::frmOptions(Project& project, StageView* stage, QWidget* parent)
     Button_acceptOrclose[1]->setDefault(true);
     setFixedSize(kFrameLeft * 2 + kFrameWidth, kFrameTop + kFrameHeight + 46);
     // Top to bottom in either group; the hidden group is skipped.
-    QWidget* order[] = {Text1[0],           Text1[1], Combo_GridHighlight,     Text1[3],
-                        Text1[2],           Combo_MoveHighlight,               Button_acceptOrclose[0],
+    QWidget* order[] = {Text1[0],
+                        Text1[1],
+                        Combo_GridHighlight,
+                        Text1[3],
+                        Text1[2],
+                        Combo_MoveHighlight,
+                        Button_acceptOrclose[0],
                         Button_acceptOrclose[1]};
     for (size_t i = 1; i < std::size(order); ++i)
         setTabOrder(order[i - 1], order[i]);

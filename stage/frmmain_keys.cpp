@@ -64,13 +64,26 @@ void frmMain::picStage_KeyDown(int key, Qt::KeyboardModifiers shift) {
     const int cell = selectedCell() ? selectedCell() : 1;
     int row = (cell - 1) / side, column = (cell - 1) % side;
     switch (key) {
-    case Qt::Key_Left: --column; break;
-    case Qt::Key_Right: ++column; break;
-    case Qt::Key_Up: --row; break;
-    case Qt::Key_Down: ++row; break;
-    case Qt::Key_Home: row = column = 0; break;
-    case Qt::Key_End: row = column = side - 1; break;
-    default: return;
+    case Qt::Key_Left:
+        --column;
+        break;
+    case Qt::Key_Right:
+        ++column;
+        break;
+    case Qt::Key_Up:
+        --row;
+        break;
+    case Qt::Key_Down:
+        ++row;
+        break;
+    case Qt::Key_Home:
+        row = column = 0;
+        break;
+    case Qt::Key_End:
+        row = column = side - 1;
+        break;
+    default:
+        return;
     }
     row = qBound(0, row, side - 1);
     column = qBound(0, column, side - 1);
@@ -107,9 +120,10 @@ QString frmMain::SelectedPaneDescription() const {
     const int cells = CellsPerBoard(project);
     if (SelectedPane < 1 || SelectedPane > kMaxPane || cells < 1) return QStringLiteral("No pane selected");
     const Pane& pane = project.Panes(SelectedPane);
-    const QString picture = pane.ImageFile != kNone ? QStringLiteral("picture ") + pane.SourceStem
-                                                    : QStringLiteral("no picture");
-    const QString label = IsSet(pane.Label) ? QStringLiteral("label ") + pane.Label : QStringLiteral("no label");
+    const QString picture =
+        pane.ImageFile != kNone ? QStringLiteral("picture ") + pane.SourceStem : QStringLiteral("no picture");
+    const QString label =
+        IsSet(pane.Label) ? QStringLiteral("label ") + pane.Label : QStringLiteral("no label");
     const QString text = IsSet(pane.Text) ? QStringLiteral("text ") + pane.Text : QStringLiteral("no text");
     return QStringLiteral("Pane %1 of board %2: %3, %4, %5")
         .arg(SelectedPane)

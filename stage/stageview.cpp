@@ -90,14 +90,17 @@ void StageView::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_Up:
     case Qt::Key_Down:
     case Qt::Key_Home:
-    case Qt::Key_End: emit KeyDown(event->key(), event->modifiers()); break;
+    case Qt::Key_End:
+        emit KeyDown(event->key(), event->modifiers());
+        break;
     case Qt::Key_F10:
         if (event->modifiers() == Qt::ShiftModifier) {
             emit MenuKey();
             break;
         }
         [[fallthrough]];
-    default: QWidget::keyPressEvent(event);
+    default:
+        QWidget::keyPressEvent(event);
     }
 }
 
