@@ -1,4 +1,5 @@
 #include "dialogs/qtprompts.h"
+#include "endsignals.h"
 #include "model/project.h"
 #include "model/runtimeerror.h"
 #include "model/workfolder.h"
@@ -20,6 +21,9 @@ int main(int argc, char** argv) {
         project.WorkFolder = workFolder.path();
         frmMain window(project, prompts);
         prompts.setParent(&window);
+        // Every window of the program, message boxes included, carries the program's icon.
+        KelvrinApplication::setWindowIcon(window.windowIcon());
+        CloseOnEndSignals(window);
         window.Form_Load();
         // The window covers the work area; without a window manager to maximise it, it is placed there.
         window.setGeometry(window.WorkArea());

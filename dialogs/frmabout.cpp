@@ -12,6 +12,7 @@ frmAbout::frmAbout(QWidget* parent) : QDialog(parent) {
     Image1->setPixmap(QPixmap(QStringLiteral(":/ui/kelvrin-256.png"))
                           .scaled(96, 96, Qt::KeepAspectRatio, Qt::SmoothTransformation));
     Image1->setAlignment(Qt::AlignTop);
+    Image1->setAccessibleName(QStringLiteral("Kelvrin icon"));
     const char* lines[3] = {"Kelvrin v1.0 - (2002)", "Written by Orvane Works.",
                             "Pictures read with Qt; JPEG pictures written with libjpeg-turbo."};
     auto* text = new QVBoxLayout;

@@ -5,6 +5,7 @@
 
 #include <QGridLayout>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QVBoxLayout>
 
 frmAddNew::frmAddNew(Project& project, QWidget* parent) : QDialog(parent), project_(project) {
@@ -34,9 +35,13 @@ frmAddNew::frmAddNew(Project& project, QWidget* parent) : QDialog(parent), proje
         steps->addWidget(b);
     }
     auto* structure = new QGridLayout(FrameStructure);
-    structure->addWidget(new QLabel(QStringLiteral("Panes :"), FrameStructure), 0, 0);
+    auto* panesLabel = new QLabel(QStringLiteral("Panes :"), FrameStructure);
+    panesLabel->setBuddy(Combo_MatrixSize);
+    structure->addWidget(panesLabel, 0, 0);
     structure->addWidget(Combo_MatrixSize, 0, 1, 1, 2);
-    structure->addWidget(new QLabel(QStringLiteral("Boards :"), FrameStructure), 1, 0);
+    auto* boardsLabel = new QLabel(QStringLiteral("Boards :"), FrameStructure);
+    boardsLabel->setBuddy(Text_BoardAmount);
+    structure->addWidget(boardsLabel, 1, 0);
     auto* amount = new QHBoxLayout;
     amount->setSpacing(0);
     amount->addWidget(Text_BoardAmount);
@@ -83,6 +88,36 @@ frmAddNew::frmAddNew(Project& project, QWidget* parent) : QDialog(parent), proje
     connect(Text_BoardAmount, &QLineEdit::textChanged, this, [this] { Text_BoardAmount_Change(); });
     connect(UpDownUp, &QToolButton::clicked, this, [this] { UpDownControl_UpClick(); });
     connect(UpDownDown, &QToolButton::clicked, this, [this] { UpDownControl_DownClick(); });
+    describe();
+}
+
+void frmAddNew::describe() {
+    setAccessibleDescription(QStringLiteral("The grid of every board and the number of boards."));
+    Combo_MatrixSize->setAccessibleDescription(QStringLiteral("Panes on every board."));
+    Text_BoardAmount->setAccessibleDescription(
+        QStringLiteral("The number of boards, up to the most the grid allows. Up and Down step it."));
+    UpDownControl->setAccessibleName(QStringLiteral("Step the number of boards"));
+    UpDownUp->setAccessibleName(UpDownUp->toolTip());
+    UpDownDown->setAccessibleName(UpDownDown->toolTip());
+    Option1[0]->setAccessibleDescription(QStringLiteral("The new shape starts without pictures."));
+    Option1[1]->setAccessibleDescription(QStringLiteral("Panes keep their pictures by number."));
+    Text_BoardAmount->installEventFilter(this);
+}
+
+bool frmAddNew::eventFilter(QObject* watched, QEvent* event) {
+    // Up and Down in the box step it as the buttons beside it do.
+    if (watched == Text_BoardAmount && event->type() == QEvent::KeyPress) {
+        const auto* key = static_cast<QKeyEvent*>(event);
+        if (key->key() == Qt::Key_Up && key->modifiers() == Qt::NoModifier) {
+            UpDownControl_UpClick();
+            return true;
+        }
+        if (key->key() == Qt::Key_Down && key->modifiers() == Qt::NoModifier) {
+            UpDownControl_DownClick();
+            return true;
+        }
+    }
+    return QDialog::eventFilter(watched, event);
 }
 
 void frmAddNew::Combo_MatrixSize_Click() {

@@ -40,7 +40,11 @@ public:
     // The close box and Escape are the Close button.
     void reject() override;
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     void selectAmount();
+    void describe();
     Project& project_;
 };

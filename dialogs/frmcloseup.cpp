@@ -8,6 +8,8 @@ frmCloseUp::frmCloseUp(QWidget* parent) : QDialog(parent) {
     Picture1 = new QLabel(this);
     Picture1->setObjectName(QStringLiteral("Picture1"));
     Picture1->setAlignment(Qt::AlignCenter);
+    Picture1->setAccessibleName(QStringLiteral("Close-up picture"));
+    setAccessibleDescription(QStringLiteral("The selected pane's picture, enlarged to a square."));
     Command1 = new QPushButton(QStringLiteral("Okay"), this);
     Command1->setObjectName(QStringLiteral("Command1"));
     Command1->setDefault(true);

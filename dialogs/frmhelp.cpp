@@ -64,6 +64,7 @@ frmHelp::frmHelp(QWidget* parent) : QDialog(parent) {
     Text1->setObjectName(QStringLiteral("Text1"));
     Text1->setReadOnly(true);
     Text1->setMinimumSize(520, 300);
+    Text1->setTabChangesFocus(true);
     Label1 = new QLabel(QStringLiteral("Kelvrin 1 : 2002 Edition - [Orvane Works]"), this);
     Label1->setObjectName(QStringLiteral("Label1"));
     Command1 = new QPushButton(QStringLiteral("Okay"), this);
@@ -72,6 +73,10 @@ frmHelp::frmHelp(QWidget* parent) : QDialog(parent) {
     connect(Command1, &QPushButton::clicked, this, &QDialog::accept);
     // Every choice, the program's own at start-up included, shows its topic.
     connect(Combo_HelpTopic, &QComboBox::currentIndexChanged, this, [this] { Combo_HelpTopic_Click(); });
+
+    setAccessibleDescription(QStringLiteral("Explains a topic chosen from the list."));
+    Combo_HelpTopic->setAccessibleName(QStringLiteral("Help topic"));
+    Text1->setAccessibleName(QStringLiteral("Topic text"));
 
     auto* bottom = new QHBoxLayout;
     bottom->addWidget(Label1, 1);

@@ -111,6 +111,24 @@ frmHTML::frmHTML(Project& project, Prompts& prompts, QWidget* parent)
 
     connect(Command1, &QPushButton::clicked, this, [this] { Command1_Click(); });
     connect(SSTab1, &QTabWidget::currentChanged, this, [this](int tab) { SSTab1_Click(tab); });
+    describe();
+}
+
+void frmHTML::describe() {
+    setAccessibleDescription(
+        QStringLiteral("Exports the project as linked web pages with a JPEG picture of every pane."));
+    SSTab1->setAccessibleName(QStringLiteral("Export and preview"));
+    Command1->setAccessibleDescription(QStringLiteral("Chooses the folder and name of the first page."));
+    Text1->setAccessibleName(QStringLiteral("Page file"));
+    Text1->setAccessibleDescription(QStringLiteral("The first page's file, as chosen with the path button."));
+    Combo_GridSize->setAccessibleDescription(QStringLiteral("Panes on every exported page."));
+    Check2->setAccessibleDescription(
+        QStringLiteral("Builds every page from the project; unticked, only the first page is written."));
+    html_code->setAccessibleName(QStringLiteral("Page code"));
+    html_code->setAccessibleDescription(
+        QStringLiteral("The HTML code of the first page, which may be edited."));
+    // Tab leaves the code for the buttons instead of typing a tab into it.
+    html_code->setTabChangesFocus(true);
 }
 
 HtmlExportOptions frmHTML::Options() const {

@@ -63,6 +63,7 @@ protected:
     void reject() override;
 
 private:
+    void describe();
     void resetAndClose(int result);
     QString lastFolder_; // where the path button's dialog starts after a first choice
 };

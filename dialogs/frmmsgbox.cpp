@@ -11,6 +11,7 @@ frmMsgBox::frmMsgBox(Project& project, QWidget* parent) : QDialog(parent), proje
     auto* icon = new QLabel(this);
     icon->setPixmap(style()->standardIcon(QStyle::SP_MessageBoxInformation).pixmap(32, 32));
     icon->setAlignment(Qt::AlignTop);
+    icon->setAccessibleName(QStringLiteral("Information"));
     Label1 = new QLabel(
         QStringLiteral(
             "Panes swap images independent of pane  properties. Click OK to proceed with this operation."),
@@ -20,6 +21,7 @@ frmMsgBox::frmMsgBox(Project& project, QWidget* parent) : QDialog(parent), proje
     Label1->setMinimumWidth(300);
     Check1 = new QCheckBox(QStringLiteral("Don't show me again this session. Ta."), this);
     Check1->setObjectName(QStringLiteral("Check1"));
+    Check1->setAccessibleDescription(QStringLiteral("Image Shuffle asks no more until Kelvrin ends."));
     OKButton = new QPushButton(QStringLiteral("OK"), this);
     OKButton->setObjectName(QStringLiteral("OKButton"));
     OKButton->setDefault(true);

@@ -32,22 +32,28 @@ frmOptions::frmOptions(Project& project, StageView* stage, QWidget* parent)
     Combo_GridHighlight = new QComboBox(Frame1[1]);
     Combo_GridHighlight->setObjectName(QStringLiteral("Combo_GridHighlight"));
 
+    // Each label names its field for assistive technologies.
+    const auto label = [](const char* caption, QWidget* field, QWidget* frame) {
+        auto* l = new QLabel(QString::fromLatin1(caption), frame);
+        l->setBuddy(field);
+        return l;
+    };
     auto* board = new QGridLayout(Frame1[0]);
-    board->addWidget(new QLabel(QStringLiteral("Title :"), Frame1[0]), 0, 0);
+    board->addWidget(label("Title :", Text1[3], Frame1[0]), 0, 0);
     board->addWidget(Text1[3], 0, 1, 1, 2);
-    board->addWidget(new QLabel(QStringLiteral("Footer Text :"), Frame1[0]), 1, 0);
+    board->addWidget(label("Footer Text :", Text1[2], Frame1[0]), 1, 0);
     board->addWidget(Text1[2], 1, 1, 1, 2);
-    board->addWidget(new QLabel(QStringLiteral("Move Highlight"), Frame1[0]), 2, 0);
+    board->addWidget(label("Move Highlight", Combo_MoveHighlight, Frame1[0]), 2, 0);
     board->addWidget(Combo_MoveHighlight, 2, 1);
     board->setColumnStretch(2, 1);
 
     auto* panes = new QGridLayout(Frame1[1]);
-    panes->addWidget(new QLabel(QStringLiteral("Label :"), Frame1[1]), 0, 0);
+    panes->addWidget(label("Label :", Text1[0], Frame1[1]), 0, 0);
     panes->addWidget(Text1[0], 0, 1, 1, 3);
-    panes->addWidget(new QLabel(QStringLiteral("URL :"), Frame1[1]), 1, 0);
+    panes->addWidget(label("URL :", Text1[1], Frame1[1]), 1, 0);
     panes->addWidget(new QLabel(QStringLiteral("http://"), Frame1[1]), 1, 1);
     panes->addWidget(Text1[1], 1, 2, 1, 2);
-    panes->addWidget(new QLabel(QStringLiteral("Global Highlight"), Frame1[1]), 2, 0);
+    panes->addWidget(label("Global Highlight", Combo_GridHighlight, Frame1[1]), 2, 0);
     panes->addWidget(Combo_GridHighlight, 2, 1, 1, 2);
     panes->setColumnStretch(3, 1);
 
@@ -63,7 +69,38 @@ frmOptions::frmOptions(Project& project, StageView* stage, QWidget* parent)
     }
     Button_acceptOrclose[1]->setDefault(true);
     setFixedSize(kFrameLeft * 2 + kFrameWidth, kFrameTop + kFrameHeight + 46);
+    // Top to bottom in either group; the hidden group is skipped.
+    QWidget* order[] = {Text1[0],
+                        Text1[1],
+                        Combo_GridHighlight,
+                        Text1[3],
+                        Text1[2],
+                        Combo_MoveHighlight,
+                        Button_acceptOrclose[0],
+                        Button_acceptOrclose[1]};
+    for (size_t i = 1; i < std::size(order); ++i)
+        setTabOrder(order[i - 1], order[i]);
+    describe();
     PlaceFrames(true);
+}
+
+void frmOptions::describe() {
+    setAccessibleDescription(QStringLiteral("The board's title, footer text and move highlight, or the "
+                                            "selected pane's label, URL and the global highlight."));
+    Text1[0]->setAccessibleDescription(
+        QStringLiteral("Shown on the pane under the pointer and as its picture's ALT text; at most 99 "
+                       "characters."));
+    Text1[1]->setAccessibleDescription(
+        QStringLiteral("The address the exported pane links to, usually beginning with http://; at most "
+                       "999 characters."));
+    Text1[2]->setAccessibleDescription(
+        QStringLiteral("Written at the foot of every exported page; at most 256 characters."));
+    Text1[3]->setAccessibleDescription(
+        QStringLiteral("Written at the top of every exported page; at most 99 characters."));
+    Combo_MoveHighlight->setAccessibleDescription(
+        QStringLiteral("The colour of the line drawn while a pane is dragged."));
+    Combo_GridHighlight->setAccessibleDescription(
+        QStringLiteral("The colour of the frame around the pane under the pointer."));
 }
 
 void frmOptions::PlaceFrames(bool boardMode) {

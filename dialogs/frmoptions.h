@@ -33,6 +33,7 @@ public:
     void reject() override;
 
 private:
+    void describe();
     Project& project_;
     StageView* stage_;
 };

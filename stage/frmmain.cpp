@@ -51,7 +51,9 @@ frmMain::frmMain(Project& project, Prompts& prompts, QWidget* parent)
     initResources();
     setObjectName(QStringLiteral("frmMain"));
     setWindowTitle(QStringLiteral("Kelvrin 1 : 2002 Edition - [Orvane Works]"));
-    setWindowIcon(QIcon(QStringLiteral(":/ui/kelvrin-256.png")));
+    QIcon icon(QStringLiteral(":/ui/kelvrin-48.png"));
+    icon.addFile(QStringLiteral(":/ui/kelvrin-256.png"));
+    setWindowIcon(icon);
     WorkArea = [this] {
         const QScreen* s = screen() ? screen() : QGuiApplication::primaryScreen();
         return s ? s->availableGeometry() : QRect(0, 0, 1024, 740);
@@ -62,6 +64,7 @@ frmMain::frmMain(Project& project, Prompts& prompts, QWidget* parent)
     buildControls();
     buildMenus();
     addKeyboardAccess();
+    describeControls();
 
     AddNew = new frmAddNew(project, this);
     Options = new frmOptions(project, picStage, this);

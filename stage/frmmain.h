@@ -137,6 +137,18 @@ public:
     void picStage_MouseMove(Qt::MouseButtons buttons, Qt::KeyboardModifiers shift, int x, int y);
     void picStage_MouseUp(Qt::MouseButton button, Qt::KeyboardModifiers shift, int x, int y);
 
+    // Stage keyboard (frmmain_keys.cpp), each key doing what the mouse does on a pane's centre:
+    // an arrow, Home or End selects another pane of the board as a click does, Ctrl with an arrow
+    // first drags the selected pane onto its neighbour; the Menu key is a right click on the
+    // selected pane.
+    void picStage_KeyDown(int key, Qt::KeyboardModifiers shift);
+    void picStage_MenuKey();
+    // Shows the selected pane highlighted, as the pointer over it would.
+    void picStage_KeyboardFocusIn();
+    // "Pane 5 of board 2: picture sky, label Start, text Hello": the board's accessible
+    // description.
+    QString SelectedPaneDescription() const;
+
     // Project file: the file dialogs answer in project.DialogReply; the flows behind
     // "Save Project As" and "Open Project".
     void AskSavePath();
@@ -193,5 +205,11 @@ private:
     QAction* addCommand(QMenu* menu, const char* name, const QString& caption, void (frmMain::*handler)());
     void enablePaneCommands();
     void addKeyboardAccess();
+    void describeControls();
+    // The selected pane's cell on the current board, 1 to GridSide², or 0 when it is on another.
+    int selectedCell() const;
+    QPoint cellCentre(int cell) const;
+    // A left click on the cell's centre: pointer over it, press, release.
+    void clickCell(int cell, Qt::KeyboardModifiers shift);
     bool unloaded_ = false;
 };

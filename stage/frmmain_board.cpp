@@ -101,6 +101,7 @@ void frmMain::ShowPaneText() {
     // six-character prefix of pane 1000.
     Text1->setText(text.mid(5));
     SelectedPane = static_cast<qint16>(List1->currentRow() + 1);
+    picStage->NotifyDescriptionChanged();
 }
 
 QString frmMain::HoverLabel(const QString& label, float cellSize) {

@@ -67,6 +67,7 @@ void frmMain::SwapItemText() {
     const QString text = TrimBlanks(Text1->text());
     List1->item(item)->setText(itemText(item + 1, text));
     project.Panes(item + 1).Text = text;
+    picStage->NotifyDescriptionChanged();
 }
 
 void frmMain::ResetItemText(bool all, int index) {

@@ -13,6 +13,7 @@ void frmMain::picStage_MouseDown(Qt::MouseButton button, Qt::KeyboardModifiers, 
     SelectedPane = static_cast<qint16>(HoverPane);
     List1->setCurrentRow(SelectedPane - 1);
     enablePaneCommands();
+    picStage->NotifyDescriptionChanged();
     if (button == Qt::RightButton) {
         DragActive = false;
         ShowPopup(*mnu_Panes, picStage->mapToGlobal(QPoint(x, y)));

@@ -1,12 +1,40 @@
 #include "stage/stageview.h"
 
+#include <QAccessibleWidget>
 #include <QMouseEvent>
 #include <QPainter>
 
+namespace {
+class StageAccessible : public QAccessibleWidget {
+public:
+    explicit StageAccessible(StageView* stage) : QAccessibleWidget(stage, QAccessible::Canvas) {}
+    QString text(QAccessible::Text t) const override {
+        const auto* stage = static_cast<const StageView*>(widget());
+        if (t == QAccessible::Description && stage->Describe) return stage->Describe();
+        return QAccessibleWidget::text(t);
+    }
+};
+
+QAccessibleInterface* stageAccessible(const QString& className, QObject* object) {
+    if (className == QLatin1String("StageView") && object && object->isWidgetType())
+        return new StageAccessible(static_cast<StageView*>(object));
+    return nullptr;
+}
+} // namespace
+
 StageView::StageView(QWidget* parent) : QWidget(parent) {
+    static const bool factoryInstalled = (QAccessible::installFactory(stageAccessible), true);
+    Q_UNUSED(factoryInstalled);
     setObjectName(QStringLiteral("picStage"));
+    setAccessibleName(QStringLiteral("Board"));
     setMouseTracking(true);
+    setFocusPolicy(Qt::StrongFocus);
     setAttribute(Qt::WA_OpaquePaintEvent);
+}
+
+void StageView::NotifyDescriptionChanged() {
+    QAccessibleEvent event(this, QAccessible::DescriptionChanged);
+    QAccessible::updateAccessibility(&event);
 }
 
 void StageView::EnsurePictureSize(int w, int h) {
@@ -53,4 +81,48 @@ void StageView::mouseMoveEvent(QMouseEvent* event) {
 void StageView::mouseReleaseEvent(QMouseEvent* event) {
     const QPoint pos = event->position().toPoint();
     emit MouseUp(event->button(), event->modifiers(), pos.x(), pos.y());
+}
+
+void StageView::keyPressEvent(QKeyEvent* event) {
+    switch (event->key()) {
+    case Qt::Key_Left:
+    case Qt::Key_Right:
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+    case Qt::Key_Home:
+    case Qt::Key_End:
+        emit KeyDown(event->key(), event->modifiers());
+        break;
+    case Qt::Key_F10:
+        if (event->modifiers() == Qt::ShiftModifier) {
+            emit MenuKey();
+            break;
+        }
+        [[fallthrough]];
+    default:
+        QWidget::keyPressEvent(event);
+    }
+}
+
+void StageView::contextMenuEvent(QContextMenuEvent* event) {
+    // The mouse's buttons are handled as presses and releases; only the keyboard's request is here.
+    if (event->reason() == QContextMenuEvent::Mouse) {
+        event->ignore();
+        return;
+    }
+    emit MenuKey();
+}
+
+void StageView::focusInEvent(QFocusEvent* event) {
+    QWidget::focusInEvent(event);
+    // A click gives the focus too, but the click itself chooses its pane.
+    if (event->reason() != Qt::MouseFocusReason && event->reason() != Qt::PopupFocusReason &&
+        event->reason() != Qt::ActiveWindowFocusReason)
+        emit KeyboardFocusIn();
+    update();
+}
+
+void StageView::focusOutEvent(QFocusEvent* event) {
+    QWidget::focusOutEvent(event);
+    update();
 }
