@@ -34,8 +34,9 @@ bool isSystemFolder(const QString& folder) {
 
 QString ChooseWorkFolder(const QString& programFolder) {
     const QString beside = WorkFolderIn(programFolder);
-    if (!isSystemFolder(programFolder) &&
-        (QFileInfo(beside).isDir() ? canWriteIn(beside) : canWriteIn(programFolder)))
+    // The folder and its lock file both need the program folder to be writable.
+    if (!isSystemFolder(programFolder) && canWriteIn(programFolder) &&
+        (!QFileInfo(beside).isDir() || canWriteIn(beside)))
         return beside;
     QString cache = QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation);
     if (cache.isEmpty()) cache = QDir::homePath() + QStringLiteral("/.cache");
@@ -67,7 +68,9 @@ WorkFolderClaim::WorkFolderClaim(const QString& programFolder) {
     for (int n = 1; n <= 99; ++n) {
         const QString candidate = n == 1 ? first : first + QStringLiteral("-%1").arg(n);
         if (!QDir().mkpath(candidate)) continue;
-        auto lock = std::make_unique<QLockFile>(candidate + QStringLiteral("/.kelvrin.lock"));
+        // The lock lies beside the folder, so that deleting the folder at the end leaves the
+        // lock for its owner to release.
+        auto lock = std::make_unique<QLockFile>(candidate + QStringLiteral(".lock"));
         // A lock whose program is gone is stale and is taken over; a running program's lock is
         // never taken over for its age.
         lock->setStaleLockTime(std::numeric_limits<int>::max());

@@ -20,7 +20,8 @@ void DeleteWorkFolder(const QString& path);
 
 // Holds a working folder for one running program. Two programs started side by side must never
 // touch each other's pictures: the first takes the working folder, a second one "MyProjects-2"
-// beside it, and so on. Each holds a lock file inside its folder for as long as it runs; a
+// beside it, and so on. Each holds a lock file beside its folder ("MyProjects.lock") for as long
+// as it runs; a
 // folder whose lock belongs to a program that no longer runs (it crashed) is taken over as it is.
 class WorkFolderClaim {
 public:

@@ -238,7 +238,7 @@ void TestStartup::programsSideBySideKeepTheirOwnFolders() {
     QCOMPARE(WorkFolderClaim(program).path(), program + QStringLiteral("/MyProjects"));
 
     // A folder left by a program that crashed is taken over with its pictures.
-    QFile lock(program + QStringLiteral("/MyProjects/.kelvrin.lock"));
+    QFile lock(program + QStringLiteral("/MyProjects.lock"));
     QVERIFY(lock.open(QIODevice::WriteOnly));
     lock.write("2147480000\nkelvrin\n" + QSysInfo::machineHostName().toUtf8() + "\n");
     lock.close();
