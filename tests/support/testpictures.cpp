@@ -1,9 +1,8 @@
 #include "testpictures.h"
 
-#include <QFile>
-#include <QHash>
+#include "support/check.h"
+
 #include <QPainter>
-#include <QVector>
 
 QImage QuadrantPicture(int w, int h) {
     QImage image(w, h, QImage::Format_RGB32);
@@ -25,7 +24,9 @@ bool WriteBmp(const QImage& image, const QString& path) {
     return image.convertToFormat(QImage::Format_RGB888).save(path, "BMP");
 }
 
-bool WriteJpeg(const QImage& image, const QString& path, int quality) { return image.save(path, "JPEG", quality); }
+bool WriteJpeg(const QImage& image, const QString& path, int quality) {
+    return image.save(path, "JPEG", quality);
+}
 
 bool Near(const QColor& a, const QColor& b, int tolerance) {
     return qAbs(a.red() - b.red()) <= tolerance && qAbs(a.green() - b.green()) <= tolerance &&
@@ -34,69 +35,32 @@ bool Near(const QColor& a, const QColor& b, int tolerance) {
 
 bool WriteGif(const QImage& source, const QString& path) {
     const QImage image = source.convertToFormat(QImage::Format_RGB32);
-    QVector<QRgb> palette;
-    QHash<QRgb, int> index;
-    QByteArray pixels;
-    for (int y = 0; y < image.height(); ++y)
-        for (int x = 0; x < image.width(); ++x) {
-            const QRgb c = image.pixel(x, y) | 0xFF000000u;
-            if (!index.contains(c)) {
-                if (palette.size() == 256) return false;
-                index.insert(c, palette.size());
-                palette.append(c);
-            }
-            pixels.append(static_cast<char>(index.value(c)));
-        }
-    palette.resize(256);
-
-    QByteArray out("GIF89a");
-    auto put16 = [&out](int v) {
-        out.append(static_cast<char>(v & 0xFF));
-        out.append(static_cast<char>((v >> 8) & 0xFF));
-    };
-    put16(image.width());
-    put16(image.height());
-    out.append(static_cast<char>(0xF7)); // global colour table of 256 entries
-    out.append('\0');
-    out.append('\0');
-    for (QRgb c : palette) {
-        out.append(static_cast<char>(qRed(c)));
-        out.append(static_cast<char>(qGreen(c)));
-        out.append(static_cast<char>(qBlue(c)));
-    }
-    out.append(',');
-    put16(0);
-    put16(0);
-    put16(image.width());
-    put16(image.height());
-    out.append('\0');
-    // LZW with 8-bit literals only: a clear code before every 254 literals keeps codes at 9 bits.
-    out.append(static_cast<char>(8));
+    const int w = image.width(), h = image.height();
+    QList<QRgb> palette;
     QByteArray codes;
-    quint32 bitBuffer = 0;
-    int bitCount = 0;
-    auto put = [&](int code) {
-        bitBuffer |= static_cast<quint32>(code) << bitCount;
-        bitCount += 9;
-        while (bitCount >= 8) {
-            codes.append(static_cast<char>(bitBuffer & 0xFF));
-            bitBuffer >>= 8;
-            bitCount -= 8;
-        }
+    quint32 bits = 0;
+    int count = 0;
+    auto put = [&](int code) { // 9-bit codes, least significant bit first
+        for (bits |= quint32(code) << count, count += 9; count >= 8; bits >>= 8, count -= 8)
+            codes.append(char(bits & 0xFF));
     };
-    for (int i = 0; i < pixels.size(); ++i) {
-        if (i % 254 == 0) put(256);
-        put(static_cast<unsigned char>(pixels[i]));
+    for (int n = 0; n < w * h; ++n) {
+        const QRgb c = image.pixel(n % w, n / w);
+        if (!palette.contains(c)) palette.append(c);
+        if (palette.size() > 256) return false;
+        if (n % 254 == 0) put(256); // literals only: a clear code before every 254 keeps 9 bits
+        put(int(palette.indexOf(c)));
     }
     put(257);
-    if (bitCount > 0) codes.append(static_cast<char>(bitBuffer & 0xFF));
-    for (int i = 0; i < codes.size(); i += 255) {
-        const QByteArray block = codes.mid(i, 255);
-        out.append(static_cast<char>(block.size()));
-        out.append(block);
-    }
-    out.append('\0');
-    out.append(';');
-    QFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(out) == out.size();
+    if (count > 0) codes.append(char(bits & 0xFF));
+    palette.resize(256);
+    QByteArray out("GIF89a");
+    auto put16 = [&out](int v) { out.append(char(v & 0xFF)).append(char(v >> 8)); };
+    put16(w), put16(h), out.append("\xF7\0\0", 3); // a global colour table of 256 entries
+    for (QRgb c : palette)
+        out.append(char(qRed(c))).append(char(qGreen(c))).append(char(qBlue(c)));
+    out.append(",\0\0\0\0", 5), put16(w), put16(h), out.append("\0\x08", 2);
+    for (int i = 0; i < codes.size(); i += 255)
+        out.append(char(qMin(255, int(codes.size()) - i))).append(codes.mid(i, 255));
+    return WriteAll(path, out.append("\0;", 2));
 }

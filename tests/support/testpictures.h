@@ -9,7 +9,8 @@
 // A w x h picture split into four quadrants of distinct colours (top-left red, top-right green,
 // bottom-left blue, bottom-right yellow), so that flips and stretches can be checked on pixels.
 QImage QuadrantPicture(int w, int h);
-inline const QColor kTopLeft(255, 0, 0), kTopRight(0, 255, 0), kBottomLeft(0, 0, 255), kBottomRight(255, 255, 0);
+inline const QColor kTopLeft(255, 0, 0), kTopRight(0, 255, 0), kBottomLeft(0, 0, 255),
+    kBottomRight(255, 255, 0);
 
 // A picture of one colour.
 QImage SolidPicture(int w, int h, const QColor& colour);
