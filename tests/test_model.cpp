@@ -1,154 +1,338 @@
-// The project model, its index arithmetic and limits, and the conversions every part relies on.
+// The project model, its index arithmetic, limits and conversions, and the project file: exact
+// bytes on saving, what the reader makes of every kind of file, round trips with pictures, and
+// the Save Project As / Open Project flows of the main window.
+#include "dialogs/frmhtml.h"
 #include "model/ansi.h"
+#include "model/linevalue.h"
 #include "model/numbers.h"
-#include "model/project.h"
-#include "model/prompts.h"
-#include "model/runtimeerror.h"
+#include "model/projectfile.h"
+#include "model/projectopen.h"
+#include "support/mainwindow.h"
 
-#include <QtTest>
+#include <QRandomGenerator>
 
 namespace {
-template <typename F> int errorNumberOf(F&& f) {
-    try {
-        f();
-    } catch (const RunTimeError& e) {
-        return e.number();
-    }
-    return 0;
+QByteArray record(const char* name, const char* label = "ToUse", const char* text = "ToUse") {
+    return QByteArray(name) + "\r\n0\r\n0\r\n" + label + "\r\n" + text + "\r\nToUse\r\n";
+}
+// The reader as it was first written: a conversion after every character.
+template <typename T>
+bool storedByEveryCharacter(const QString& line, T& out, bool (*convert)(const QString&, T&)) {
+    bool stored = false;
+    for (int k = 1; k <= line.size(); ++k)
+        stored = convert(line.left(k), out) || stored;
+    return stored;
 }
 } // namespace
 
 class TestModel : public QObject {
     Q_OBJECT
+    std::unique_ptr<QTemporaryDir> dir_;
+    QString at(const QString& name) const { return dir_->filePath(name); }
+    QString folder() const { return dir_->path() + "/"; }
+    std::unique_ptr<Project> load(const QByteArray& bytes) {
+        WriteAll(at("hand.kv1"), bytes);
+        auto p = std::make_unique<Project>();
+        p->WorkFolder = at("work");
+        p->GlobalHighlightColor = p->MoveHighlightColor = 255; // opening does not reset the colours
+        LoadProjectFile(*p, at("hand.kv1"), folder(), "hand");
+        return p;
+    }
+
 private slots:
-    void paneIndexArithmetic();
-    void resetPanesRestoresSentinelsOnly();
-    void boundsAndOverflowAreRunTimeErrors();
-    void formattingAndRounding();
-    void textToNumber();
-    void ansiText();
-    void dialogFilters();
+    void init() { dir_ = std::make_unique<QTemporaryDir>(); }
+
+    void paneIndexArithmetic() {
+        // grid, boards; a board and cell, the pane there; the pane total
+        for (auto [grid, boards, board, cell, pane, total] : {std::array{4, 62, 3, 1, 33, 992},
+                                                              {4, 62, 2, 16, 32, 992},
+                                                              {5, 40, 40, 25, 1000, 1000},
+                                                              {3, 1, 2, 1, 10, 9},
+                                                              {3, 1, 2, 9, 18, 9}}) {
+            Project p;
+            p.GridSide = qint16(grid), p.BoardCount = qint16(boards);
+            QCOMPARE(Joined(PaneOfCell(p, board, cell), BoardOfPane(p, pane), PaneTotal(p)),
+                     Joined(pane, board, total));
+        }
+    }
+
+    void resetPanesRestoresSentinelsOnly() {
+        Project p;
+        for (int i : {1, 500, 1000}) {
+            Pane& pane = p.Panes(i);
+            pane.Text = pane.Label = pane.Url = "x";
+            pane.ImageFile = pane.SourceFile = pane.SourceStem = "/tmp/y";
+            pane.FlipHorizontal = pane.FlipVertical = 1;
+            pane.Position[0] = 17, pane.Position[1] = 34;
+        }
+        p.BoardTitle = p.FooterText = "t";
+        p.GlobalHighlightColor = 255;
+        ResetPanes(p);
+        for (int i : {1, 500, 1000}) // the cell table belongs to the stage
+            QCOMPARE(PaneFields(p.Panes(i)), "ToUse|ToUse|ToUse|0|0|none|none|17|34|none");
+        QCOMPARE(Joined(p.BoardTitle, p.FooterText, p.GlobalHighlightColor), "ToUse|ToUse|255");
+    }
+
+    void boundsAndOverflowAreRunTimeErrors() {
+        Project p;
+        p.DialogReply.ReDim(3);
+        QCOMPARE(Joined(ErrorNumberOf([&] { p.Panes(1000).Text = "last"; }),
+                        ErrorNumberOf([&] { p.Panes(1001); }), ErrorNumberOf([&] { p.Panes(-1); }),
+                        p.DialogReply[3], ErrorNumberOf([&] { p.DialogReply[4]; })),
+                 "0|9|9||9");
+        p.GridSide = p.BoardCount = 200; // 16-bit overflow is a fault, not a wrap
+        QCOMPARE(Joined(ErrorNumberOf([&] { PaneTotal(p); }), ErrorNumberOf([] { Mul16(181, 181); }),
+                        ErrorNumberOf([] { Mul16(182, 181); })),
+                 "6|0|6");
+    }
+
+    void numbersAndText() {
+        QCOMPARE(Joined(Format(7, "000"), Format(1000, "000"), Format(1, "00"), Format(100, "00"),
+                        Format(12, "0000"), Format(-5, "000")),
+                 "007|1000|01|100|0012|-005");
+        // Halves round to even; text converts as the number it spells, a 16-bit hex literal signed.
+        QCOMPARE(Joined(CInt(2.5), CInt(3.5), CInt(-2.5), CInt(226.33), CInt(-32768.5), CLng(2147483647.0)),
+                 "2|4|-2|226|-32768|2147483647");
+        QCOMPARE(Joined(CInt(" 42 "), CInt("-3"), CInt("2.5"), CInt("1E2"), CLng("65280"), CLng("&HFF00"),
+                        CLng("&HFF0000")),
+                 "42|-3|2|100|65280|-256|16711680");
+        QCOMPARE(Joined(ErrorNumberOf([] { CInt(32767.5); }), ErrorNumberOf([] { CLng(2147483648.0); }),
+                        ErrorNumberOf([] { CInt("12a"); }), ErrorNumberOf([] { CInt(QString()); }),
+                        ErrorNumberOf([] { CInt("40000"); })),
+                 "6|6|13|13|6");
+        qint16 v = 7;
+        QVERIFY(!TryCInt("abc", v) && !TryCInt("99999", v) && !TryCInt("1e", v) && v == 7);
+        QVERIFY(TryCInt("+.5", v) && v == 0);
+
+        const QByteArray bytes = ToAnsi("caf\u00e9 \u20ac5 \u201cquoted\u201d \u4e2d");
+        QCOMPARE(bytes, QByteArray("caf\xe9 \x80"
+                                   "5 \x93quoted\x94 ?"));
+        QCOMPARE(FromAnsi(bytes), "caf\u00e9 \u20ac5 \u201cquoted\u201d ?");
+        QCOMPARE(ToAnsi("\U0001F600"), QByteArray("?"));
+        QCOMPARE(FromAnsi(QByteArray("\x81\xff")), "\u0081\u00ff");
+
+        QCOMPARE(DialogFilters("Formats (*.Bmp *.Gif *.Jpg)|*.Bmp;*.Gif;*.Jpg"),
+                 QStringList{"Formats (*.Bmp *.Gif *.Jpg)"});
+        QCOMPARE(DialogFilters("Pictures|*.bmp;*.gif|All|*.*"),
+                 (QStringList{"Pictures (*.bmp *.gif)", "All (*.*)"}));
+    }
+
+    void savesExactBytes() {
+        Project p;
+        p.Panes(2).Text = QString(); // an empty value is written as "ToUse"
+        p.Panes(3).Label = "caf\u00e9 \u20ac";
+        p.Panes(9).Text = "past the pane total";
+        p.BoardTitle = QString();
+        p.FooterText = "Foot";
+        p.MoveHighlightColor = 255;
+        SaveProjectFile(p, "trip", at("trip.kv1"), folder(), 8, 2, 2);
+        QByteArray expected = "8\r\n2\r\n2\r\nFoot\r\n65280\r\n255\r\nToUse\r\n";
+        for (int i = 1; i <= 8; ++i)
+            expected += record("none", i == 3 ? "caf\xe9 \x80" : "ToUse");
+        QCOMPARE(ReadAll(at("trip.kv1")), expected);
+        QVERIFY(QFileInfo(at("trip_Data")).isDir() && QDir(at("trip_Data")).isEmpty());
+
+        // Before any picture is copied a failure stops the program; after it, it is ignored.
+        QCOMPARE(ErrorNumberOf([&] { SaveProjectFile(p, "x", at("no/x.kv1"), at("no/"), 4, 1, 2); }), 76);
+        QVERIFY(QDir().mkpath(at("d.kv1")));
+        QCOMPARE(ErrorNumberOf([&] { SaveProjectFile(p, "d", at("d.kv1"), folder(), 4, 1, 2); }), 75);
+        p.Panes(1).ImageFile = at("gone.BMP");
+        p.Panes(1).SourceStem = "gone";
+        QCOMPARE(ErrorNumberOf([&] { SaveProjectFile(p, "d", at("d.kv1"), folder(), 4, 1, 2); }), 0);
+        QVERIFY(QDir(at("d_Data")).isEmpty());
+    }
+
+    void numericLinesKeepLongestConvertingPrefix() {
+        QStringList lines =
+            QString("12e-3000|99999e-1|327675e-1|-32768.5|2147483647.5|&HFFFFFFFF1|&O37777777777").split('|');
+        lines << "0." + QString(400, '0') + "1"
+              << "0.000e-" + QString(400, '9') << " &h" + QString(60, '0') + "FFFF ";
+        const QString pieces = " +-0159.eEdD&HhOFx"; // every line of up to four of these, then random ones
+        for (int length = 1, count = 18; length <= 4; ++length, count *= 18)
+            for (int n = 0; n < count; ++n) {
+                QString line;
+                for (int k = 0, m = n; k < length; ++k, m /= 18)
+                    line += pieces[m % 18];
+                lines << line;
+            }
+        QRandomGenerator random(1234);
+        for (int n = 0; n < 20000; ++n) {
+            QString line;
+            for (int k = random.bounded(5, 17); k > 0; --k)
+                line += pieces[random.bounded(pieces.size())];
+            lines << line;
+        }
+        for (const QString& line : lines) {
+            qint16 fast16 = 7, slow16 = 7;
+            qint32 fast32 = 7, slow32 = 7;
+            QCOMPARE(LastConvertingPrefix(line, fast16),
+                     storedByEveryCharacter<qint16>(line, slow16, TryCInt));
+            QCOMPARE(LastConvertingPrefix(line, fast32),
+                     storedByEveryCharacter<qint32>(line, slow32, TryCLng));
+            if (fast16 != slow16 || fast32 != slow32) QFAIL(qPrintable(line));
+        }
+        // A hostile line: far fewer conversions than characters, the same answer.
+        const QString digits = QString("1234567890").repeated(10000);
+        qint16 v16 = 0;
+        qint32 v32 = 0;
+        QVERIFY(LastConvertingPrefix(digits, v16) && LastConvertingPrefix(digits, v32));
+        QCOMPARE(Joined(v16, v32), "12345|1234567890");
+    }
+
+    void readerEdgeCases() {
+        // Line feeds alone end nothing: the whole file is line 1, and "412" is its longest number.
+        auto p = load("4\n1\n2\nFoot\n65280\n65280\nTitle\nsky-0001\n0\n0\nToUse\nToUse\nToUse\n");
+        QCOMPARE(p->DialogReply2[1] + p->DialogReply2[2] + p->DialogReply2[3], "41200");
+        QCOMPARE(p->FooterText + p->Panes(1).SourceStem, "ToUsenone");
+
+        // Odd numbers, empty lines, flags of 1 and a file cut short without its last line end.
+        p = load("12a\r\na12\r\n40000\r\n\r\nblue\r\n&HFF00\r\nT\r\nsky-0001\r\n1\r\n1\r\n\r\nHi\r\nu");
+        QCOMPARE(Joined(p->DialogReply2[1], p->DialogReply2[2], p->DialogReply2[3], p->FooterText,
+                        p->BoardTitle, p->GlobalHighlightColor, p->MoveHighlightColor),
+                 "12|0|4000|ToUse|T|255|-256");
+        QCOMPARE(PaneFields(p->Panes(1)), Joined("Hi", "ToUse", "u", 0, 0, at("work/sky-0001.BMP"),
+                                                 at("hand_Data/sky-0001.bmp"), 0, 0, "sky"));
+        QCOMPARE(p->Panes(2).SourceFile + p->Panes(2).Text, "noneToUse");
+
+        // Surplus records go to the panes after the total; names under five characters store nothing.
+        p = load("1\r\n1\r\n2\r\nF\r\n0\r\n0\r\nT\r\n" + record("abcd") + record("xy-0002", "L", "two") +
+                 record("-0003"));
+        QCOMPARE(Joined(p->Panes(1).SourceStem, p->Panes(1).SourceFile, p->Panes(2).SourceStem,
+                        p->Panes(2).Label, p->Panes(2).Text, p->Panes(2).ImageFile, p->Panes(3).SourceStem),
+                 "none|none|xy|L|two|none|");
+
+        // Pane 1000 of a 40-board 5 x 5 project is read; records past it are dropped.
+        QByteArray big = "1000\r\n40\r\n5\r\nF\r\n0\r\n0\r\nT\r\n";
+        for (int i = 1; i < 1000; ++i)
+            big += record("none");
+        p = load(big + record("last-1000", "L") + record("over-1001", "O"));
+        QCOMPARE(Joined(p->Panes(1000).SourceStem, p->Panes(1000).Label, p->Panes(1000).SourceFile),
+                 Joined("last", "L", at("hand_Data/last-1000.bmp")));
+
+        Project q;
+        QCOMPARE(ErrorNumberOf([&] { LoadProjectFile(q, at("none.kv1"), folder(), "none"); }), 53);
+        QCOMPARE(ErrorNumberOf([&] { LoadProjectFile(q, at("no/none.kv1"), folder(), "none"); }), 76);
+    }
+
+    void roundTripWithPictures_data() {
+        QTest::addColumn<int>("grid");
+        QTest::addColumn<int>("boards");
+        QTest::newRow("2 x 2") << 2 << 3;
+        QTest::newRow("3 x 3") << 3 << 2;
+        QTest::newRow("4 x 4") << 4 << 1;
+        QTest::newRow("5 x 5") << 5 << 40;
+    }
+    void roundTripWithPictures() {
+        QFETCH(int, grid);
+        QFETCH(int, boards);
+        const int total = grid * grid * boards;
+        Project p;
+        p.WorkFolder = at("work1");
+        QVERIFY(QDir().mkpath(p.WorkFolder));
+        QVERIFY(WriteBmp(QuadrantPicture(60, 40), at("my-shot.bmp")) &&
+                WriteJpeg(QuadrantPicture(50, 50), at("ab.jpg")));
+        const auto setPicture = [&](int i, const QString& stem, const QString& file, qint16 flip) {
+            p.Panes(i).SourceFile = at(file);
+            p.Panes(i).SourceStem = stem;
+            p.Panes(i).FlipHorizontal = flip;
+            StorePaneImage(p, static_cast<qint16>(i), 40, true);
+        };
+        setPicture(1, "my-shot", "my-shot.bmp", 1); // a stem with a hyphen, flipped
+        setPicture(total, "ab", "ab.jpg", 0);       // a two-letter stem
+        p.Panes(2).Text = "Shot 2";
+        p.Panes(2).Label = "\u00c9t\u00e9";
+        p.Panes(2).Url = "http://example.org/a?b=c";
+        p.BoardTitle = "Title";
+        p.FooterText = "Footer";
+        p.GlobalHighlightColor = 16711680;
+        p.MoveHighlightColor = 65535;
+        SaveProjectFile(p, "proj", at("proj.kv1"), folder(), qint16(total), qint16(boards), qint16(grid));
+        QCOMPARE(ReadAll(at("proj.kv1")).count("\r\n"), 7 + 6 * total); // 6007 lines for 40 boards of 5 x 5
+
+        Project q;
+        q.WorkFolder = at("work2");
+        QVERIFY(QDir().mkpath(q.WorkFolder));
+        ReadProject(q, at("proj.kv1"), folder(), "proj");
+        RebuildPaneImages(q, 40);
+        QCOMPARE(Joined(q.GridSide, q.BoardCount, AnnouncedPaneTotal(q)), Joined(grid, boards, total));
+        // Everything comes back: saved again it is the same file, but for the flag read as 0.
+        SaveProjectFile(q, "back", at("back.kv1"), folder(), qint16(total), qint16(boards), qint16(grid));
+        QCOMPARE(ReadAll(at("back.kv1")),
+                 ReadAll(at("proj.kv1")).replace("my-shot-0001\r\n1", "my-shot-0001\r\n0"));
+        const Pane& flipped = q.Panes(1);
+        QCOMPARE(flipped.SourceFile + flipped.ImageFile,
+                 at("proj_Data/my-shot-0001.bmp") + at("work2/my-shot-0001.BMP"));
+        // The saved picture already shows the flip: it comes back mirrored, with the flag at 0.
+        QVERIFY(Near(QImage(flipped.ImageFile).pixelColor(3, 3), kTopRight));
+        QVERIFY(Near(QImage(at("work2/ab-%1.BMP").arg(Format(total, "0000"))).pixelColor(3, 3), kTopLeft));
+    }
+
+    void savingTwiceAndPanesAboveTotal() {
+        Project p;
+        const auto setPicture = [&](int i, const char* stem, const QColor& colour) {
+            p.Panes(i).SourceStem = stem;
+            p.Panes(i).ImageFile = at(QString("%1-%2.BMP").arg(stem).arg(i));
+            QVERIFY(WriteBmp(SolidPicture(8, 8, colour), p.Panes(i).ImageFile));
+        };
+        setPicture(1, "a", Qt::red);
+        setPicture(2, "b", Qt::green);
+        setPicture(7, "c", Qt::blue); // above the pane total of one 2 x 2 board
+        SaveProjectFile(p, "s", at("s.kv1"), folder(), 4, 1, 2);
+        QVERIFY(QFileInfo::exists(at("s_Data/c-0007.bmp")) && ReadAll(at("s.kv1")).count("\r\n") == 7 + 24);
+
+        setPicture(1, "a", Qt::yellow);
+        p.Panes(2).ImageFile = p.Panes(2).SourceStem = kNone;
+        SaveProjectFile(p, "s", at("s.kv1"), folder(), 4, 1, 2);
+        QVERIFY(ReadAll(at("s.kv1")).contains("\r\n" + record("a-0001") + record("none")));
+        QCOMPARE(QImage(at("s_Data/a-0001.bmp")).pixelColor(1, 1), QColor(Qt::yellow));
+        QVERIFY(QFileInfo::exists(at("s_Data/b-0002.bmp"))); // the folder is never emptied
+    }
+
+    void mainWindowFlows() {
+        StartedMain m;
+        const QString folder = m.dir.path() + "/";
+        m.w->LastFileName = m.path("holiday.jpg");
+        m.w->mnu_SaveAs->trigger(); // cancelled: nothing is written; "Untitled.kv1" goes to the export window
+        const FileRequest& save = m.prompts.requests[0];
+        QCOMPARE(save.title + save.filter + save.fileName,
+                 "Save Project ...KV1 (*.kv1)|*.kv1" + m.path("holiday.jpg"));
+        QCOMPARE(m.w->HTML->DialogFileName + m.project.DialogReply[1], "Untitled.kv1none");
+        QCOMPARE(QDir(m.dir.path()).entryList(QDir::Files), QStringList());
+
+        // A hand-made 3 x 3 project of two boards with one picture, opened through the menu.
+        QVERIFY(QDir().mkpath(m.path("hand_Data")) &&
+                WriteBmp(QuadrantPicture(30, 30), m.path("hand_Data/pic-0002.bmp")));
+        const QByteArray head = "18\r\n2\r\n3\r\nF\r\n255\r\n255\r\nT\r\n";
+        QVERIFY(WriteAll(m.path("hand.kv1"),
+                         head + record("none", "ToUse", "first") + record("pic-0002", "L", "second")));
+        m.prompts.answers << m.path("hand.kv1");
+        m.w->mnu_OpenProject->trigger();
+        QCOMPARE(m.prompts.requests[1].title + m.prompts.requests[1].folder,
+                 "Load Project ..." + m.dir.path());
+        QCOMPARE(m.project.DialogReply[2] + "|" + m.project.DialogReply[3], folder + "|hand");
+        QVERIFY(m.w->Combo_PageView->count() == 2 && m.w->List1->count() == 18 && !m.project.IsBusy);
+        QCOMPARE(m.w->Combo_PageView->itemText(1) + m.w->List1->item(1)->text() +
+                     m.w->List1->item(17)->text(),
+                 "Board 02002. second018. ToUse");
+        const int side = CInt(m.w->StageSize / 3);
+        QCOMPARE(m.w->CellSize, float(side));
+        QCOMPARE(QImage(m.project.Panes(2).ImageFile).size(), QSize(side, side));
+        QVERIFY(
+            Near(m.w->picStage->Picture.pixelColor(side + 4, side - 4), kBottomLeft)); // pane 2 on the stage
+
+        // Saved again: the dialog offers the name just opened; the file holds what was read.
+        m.prompts.answers << m.path("again.kv1");
+        m.w->mnu_SaveAs->trigger();
+        QCOMPARE(m.prompts.requests[2].fileName, m.path("hand.kv1"));
+        QVERIFY(ReadAll(m.path("again.kv1")).startsWith(head + record("none", "ToUse", "first")) &&
+                QFileInfo::exists(m.path("again_Data/pic-0002.bmp")));
+
+        // A picture missing from the picture folder stops the program with its run-time error.
+        QVERIFY(QFile::remove(m.path("hand_Data/pic-0002.bmp")));
+        m.prompts.answers << m.path("hand.kv1");
+        QCOMPARE(ErrorNumberOf([&] { m.w->OpenProject(); }), 53);
+    }
 };
 
-void TestModel::paneIndexArithmetic() {
-    Project p;
-    p.GridSide = 4;
-    p.BoardCount = 62;
-    QCOMPARE(PaneOfCell(p, 3, 1), qint16(33));
-    QCOMPARE(PaneTotal(p), qint16(992));
-    QCOMPARE(BoardOfPane(p, 33), 3);
-    QCOMPARE(BoardOfPane(p, 32), 2);
-    p.GridSide = 5;
-    p.BoardCount = 40;
-    QCOMPARE(PaneOfCell(p, 40, 25), qint16(1000));
-    QCOMPARE(PaneTotal(p), qint16(1000));
-    QCOMPARE(BoardOfPane(p, 1000), 40);
-    p.GridSide = 3;
-    p.BoardCount = 1;
-    QCOMPARE(PaneOfCell(p, 2, 1), qint16(10)); // board 2 of a 3 x 3 project holds 10 to 18
-    QCOMPARE(PaneOfCell(p, 2, 9), qint16(18));
-}
-
-void TestModel::resetPanesRestoresSentinelsOnly() {
-    Project p;
-    for (int i : {1, 500, 1000}) {
-        Pane& pane = p.Panes(i);
-        pane.Text = pane.Label = pane.Url = QStringLiteral("x");
-        pane.ImageFile = pane.SourceFile = pane.SourceStem = QStringLiteral("/tmp/y");
-        pane.FlipHorizontal = pane.FlipVertical = 1;
-        pane.Position[0] = 17;
-        pane.Position[1] = 34;
-    }
-    p.BoardTitle = p.FooterText = QStringLiteral("t");
-    p.GlobalHighlightColor = 255;
-    ResetPanes(p);
-    for (int i : {1, 500, 1000}) {
-        const Pane& pane = p.Panes(i);
-        QCOMPARE(pane.Text, kToUse);
-        QCOMPARE(pane.Label, kToUse);
-        QCOMPARE(pane.Url, kToUse);
-        QCOMPARE(pane.ImageFile, kNone);
-        QCOMPARE(pane.SourceFile, kNone);
-        QCOMPARE(pane.SourceStem, kNone);
-        QCOMPARE(pane.FlipHorizontal, qint16(0));
-        QCOMPARE(pane.FlipVertical, qint16(0));
-        QCOMPARE(pane.Position[0], qint16(17)); // the cell table belongs to the stage
-        QCOMPARE(pane.Position[1], qint16(34));
-    }
-    QCOMPARE(p.BoardTitle, kToUse);
-    QCOMPARE(p.FooterText, kToUse);
-    QCOMPARE(p.GlobalHighlightColor, 255);
-}
-
-void TestModel::boundsAndOverflowAreRunTimeErrors() {
-    Project p;
-    QCOMPARE(errorNumberOf([&] { p.Panes(1000).Text = QStringLiteral("last"); }), 0);
-    QCOMPARE(errorNumberOf([&] { p.Panes(1001); }), 9);
-    QCOMPARE(errorNumberOf([&] { p.Panes(-1); }), 9);
-    p.DialogReply.ReDim(3);
-    QCOMPARE(p.DialogReply.UBound(), 3);
-    QVERIFY(p.DialogReply[3].isEmpty());
-    QCOMPARE(errorNumberOf([&] { p.DialogReply[4]; }), 9);
-    p.GridSide = 200;
-    p.BoardCount = 200;
-    QCOMPARE(errorNumberOf([&] { PaneTotal(p); }), 6); // 16-bit overflow is a fault, not a wrap
-    QCOMPARE(errorNumberOf([] { Mul16(181, 181); }), 0);
-    QCOMPARE(errorNumberOf([] { Mul16(182, 181); }), 6);
-}
-
-void TestModel::formattingAndRounding() {
-    QCOMPARE(Format(7, "000"), QStringLiteral("007"));
-    QCOMPARE(Format(1000, "000"), QStringLiteral("1000"));
-    QCOMPARE(Format(1, "00"), QStringLiteral("01"));
-    QCOMPARE(Format(100, "00"), QStringLiteral("100"));
-    QCOMPARE(Format(12, "0000"), QStringLiteral("0012"));
-    QCOMPARE(Format(-5, "000"), QStringLiteral("-005"));
-    QCOMPARE(CInt(2.5), qint16(2));
-    QCOMPARE(CInt(3.5), qint16(4));
-    QCOMPARE(CInt(-2.5), qint16(-2));
-    QCOMPARE(CInt(226.33), qint16(226));
-    QCOMPARE(CInt(-32768.5), qint16(-32768));
-    QCOMPARE(errorNumberOf([] { CInt(32767.5); }), 6);
-    QCOMPARE(CLng(2147483647.0), qint32(2147483647));
-    QCOMPARE(errorNumberOf([] { CLng(2147483648.0); }), 6);
-}
-
-void TestModel::textToNumber() {
-    QCOMPARE(CInt(QStringLiteral(" 42 ")), qint16(42));
-    QCOMPARE(CInt(QStringLiteral("-3")), qint16(-3));
-    QCOMPARE(CInt(QStringLiteral("2.5")), qint16(2));
-    QCOMPARE(CInt(QStringLiteral("1E2")), qint16(100));
-    QCOMPARE(CLng(QStringLiteral("65280")), qint32(65280));
-    QCOMPARE(CLng(QStringLiteral("&HFF00")), qint32(-256)); // a 16-bit hex literal is signed
-    QCOMPARE(CLng(QStringLiteral("&HFF0000")), qint32(16711680));
-    QCOMPARE(errorNumberOf([] { CInt(QStringLiteral("12a")); }), 13);
-    QCOMPARE(errorNumberOf([] { CInt(QString()); }), 13);
-    QCOMPARE(errorNumberOf([] { CInt(QStringLiteral("40000")); }), 6);
-    qint16 v = 7;
-    QVERIFY(!TryCInt(QStringLiteral("abc"), v));
-    QVERIFY(!TryCInt(QStringLiteral("99999"), v));
-    QVERIFY(!TryCInt(QStringLiteral("1e"), v));
-    QCOMPARE(v, qint16(7));
-    QVERIFY(TryCInt(QStringLiteral("+.5"), v));
-    QCOMPARE(v, qint16(0));
-}
-
-void TestModel::ansiText() {
-    const QString text = QStringLiteral("caf\u00e9 \u20ac5 \u201cquoted\u201d \u4e2d");
-    const QByteArray bytes = ToAnsi(text);
-    QCOMPARE(bytes, QByteArray("caf\xe9 \x80" "5 \x93quoted\x94 ?"));
-    QCOMPARE(FromAnsi(bytes), QStringLiteral("caf\u00e9 \u20ac5 \u201cquoted\u201d ?"));
-    QCOMPARE(ToAnsi(QStringLiteral("\U0001F600")), QByteArray("?"));
-    QCOMPARE(FromAnsi(QByteArray("\x81\xff")), QStringLiteral("\u0081\u00ff"));
-}
-
-void TestModel::dialogFilters() {
-    QCOMPARE(DialogFilters(QStringLiteral("KV1 (*.kv1)|*.kv1")), QStringList{QStringLiteral("KV1 (*.kv1)")});
-    QCOMPARE(DialogFilters(QStringLiteral("Formats (*.Bmp *.Gif *.Jpg)|*.Bmp;*.Gif;*.Jpg")),
-             QStringList{QStringLiteral("Formats (*.Bmp *.Gif *.Jpg)")});
-    QCOMPARE(DialogFilters(QStringLiteral("Pictures|*.bmp;*.gif|All|*.*")),
-             (QStringList{QStringLiteral("Pictures (*.bmp *.gif)"), QStringLiteral("All (*.*)")}));
-}
-
-QTEST_GUILESS_MAIN(TestModel)
+QTEST_MAIN(TestModel)
 #include "test_model.moc"
