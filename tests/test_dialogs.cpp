@@ -1,111 +1,229 @@
-// The properties window in its two modes, and the help texts.
+// The modal windows: board setup with its count box and what a new shape keeps, the properties
+// window in its two modes, the help texts, and Escape and Tab in every window.
 #include "dialogs/frmabout.h"
+#include "dialogs/frmaddnew.h"
+#include "dialogs/frmcloseup.h"
 #include "dialogs/frmhelp.h"
+#include "dialogs/frmhtml.h"
+#include "dialogs/frmmsgbox.h"
 #include "dialogs/frmoptions.h"
+#include "model/boardsetup.h"
 #include "support/mainwindow.h"
 
-#include <QtTest>
+namespace {
+// Change Project with the grid entry and the typed count; button 1 accepts, 0 closes, -1 is the close box.
+void changeProject(StartedMain& m, int grid, const QString& count, bool keep, int button = 1) {
+    frmAddNew* d = m.w->AddNew;
+    m.w->ShowModal = [=](QDialog&) {
+        d->Combo_MatrixSize->setCurrentIndex(grid);
+        d->Text_BoardAmount->setText(count);
+        d->Option1[keep ? 1 : 0]->setChecked(true);
+        button < 0 ? d->reject() : d->Button_acceptOrclose[button]->click();
+    };
+    m.w->mnu_ChangeProject->trigger();
+}
+} // namespace
 
 class TestDialogs : public QObject {
     Q_OBJECT
 private slots:
-    void propertiesInBothModes();
-    void helpTexts();
-};
+    void boardCountTypingAndStepping() {
+        StartedMain m;
+        frmAddNew* d = m.w->AddNew;
+        d->Combo_MatrixSize->setCurrentIndex(2);
+        QCOMPARE(d->Label1->text(), "Max 62 boards x 16 panes = 992 panes");
+        // What is typed, what the box then shows; a refused entry shows the maximum, selected.
+        for (auto [typed, shown] : {std::pair{"", "062"},
+                                    {" 1 2 ", "12"},
+                                    {"x5", "062"},
+                                    {"99", "062"},
+                                    {"0", "0"},
+                                    {"5abc", "5abc"}}) {
+            d->Text_BoardAmount->setText(typed);
+            QCOMPARE(d->Text_BoardAmount->text() + "|" + d->Text_BoardAmount->selectedText(),
+                     shown + QString("|") + (shown == QString("062") ? shown : ""));
+        }
+        d->Text_BoardAmount->setText("2");
+        d->UpDownDown->click();
+        d->UpDownDown->click();
+        QCOMPARE(d->Text_BoardAmount->text() + d->Text_BoardAmount->selectedText(), "001001");
+        d->Text_BoardAmount->setText("61");
+        d->UpDownUp->click();
+        d->UpDownUp->click();
+        QCOMPARE(d->Text_BoardAmount->text(), "062");
+        QCOMPARE(AcceptedBoardAmount(QString(), 62), qint16(1)); // an empty box, which typing never leaves
+    }
 
-void TestDialogs::propertiesInBothModes() {
-    StartedMain m;
-    frmOptions* o = m.w->Options;
-    m.project.BoardTitle = QStringLiteral("Storm");
-    m.project.GlobalHighlightColor = 16711680;
-    QColor lineWhileOpen;
-    m.w->ShowModal = [&](QDialog&) {
-        QVERIFY(o->Frame1[0]->x() >= 0 && o->Frame1[1]->x() < 0);
-        QCOMPARE(o->Combo_MoveHighlight->currentText(), QStringLiteral("Pink"));
-        QCOMPARE(o->Text1[3]->text() + o->Text1[2]->text(), QStringLiteral("StormToUse"));
-        o->Text1[3]->setText(QStringLiteral("  Night  shoot "));
-        o->Text1[2]->setText(QStringLiteral("    "));
-        o->Combo_MoveHighlight->setCurrentIndex(0); // "Blue - Light" is red
-        o->Text1[0]->setText(QStringLiteral("not stored"));
-        o->Button_acceptOrclose[1]->click();
-        lineWhileOpen = m.w->picStage->Line1.BorderColor;
-    };
-    m.w->mnu_BoardOptions->trigger();
-    QCOMPARE(m.project.BoardTitle, QStringLiteral("Night  shoot"));
-    QCOMPARE(m.project.FooterText, QString("")); // empty, not "ToUse"
-    QCOMPARE(m.project.MoveHighlightColor, 255);
-    QCOMPARE(lineWhileOpen, QColor(255, 0, 0));
-    QCOMPARE(m.project.Panes(1).Label, kToUse);
+    void acceptingClampsAndClosingChangesNothing() {
+        StartedMain m;
+        changeProject(m, 2, "0", true);
+        QCOMPARE(Joined(m.project.GridSide, m.project.BoardCount), "4|1");
+        changeProject(m, 2, "150", true);
+        QCOMPARE(Joined(m.project.BoardCount, m.w->Combo_PageView->itemText(61), m.w->List1->count(),
+                        m.w->List1->item(991)->text()),
+                 "62|Board 62|992|992. ToUse");
+        for (int button : {0, -1}) {
+            changeProject(m, 0, "3", false, button);
+            QCOMPARE(Joined(m.project.DialogReply[1], m.project.GridSide, m.project.BoardCount,
+                            m.w->List1->count()),
+                     "none|4|62|992");
+        }
+    }
 
-    m.w->SelectedPane = 3;
-    m.w->ShowModal = [&](QDialog&) {
-        QVERIFY(o->Frame1[0]->x() < 0 && o->Frame1[1]->x() >= 0);
-        QCOMPARE(o->Combo_GridHighlight->currentText(), QStringLiteral("Blue"));
-        o->Text1[0]->setText(QStringLiteral("   "));
-        o->Text1[1]->setText(QStringLiteral(" www.example.org/a b "));
-        o->Combo_GridHighlight->setCurrentIndex(5);
-        o->Text1[3]->setText(QStringLiteral("not stored"));
-        o->Button_acceptOrclose[1]->click();
-    };
-    m.w->mnu_Options->trigger();
-    QCOMPARE(m.project.Panes(3).Label, QString(""));
-    QCOMPARE(m.project.Panes(3).Url, QStringLiteral("www.example.org/a b"));
-    QCOMPARE(m.project.GlobalHighlightColor, 65535);
-    QCOMPARE(m.project.BoardTitle, QStringLiteral("Night  shoot"));
+    void keepAndDiscardAcrossShrinkAndRegrow() {
+        StartedMain m;
+        changeProject(m, 0, "10", true);
+        for (int p : {5, 40})
+            m.give(p, QuadrantPicture(50, 50), "Sky");
+        m.project.Panes(40).Text = "Last shot";
+        const QString last = m.project.Panes(40).ImageFile;
 
-    // Close, and the close box, store nothing.
-    for (bool closeBox : {false, true}) {
-        m.w->ShowModal = [&](QDialog& d) {
-            o->Text1[3]->setText(QStringLiteral("Changed"));
-            o->Combo_MoveHighlight->setCurrentIndex(1);
-            closeBox ? d.reject() : o->Button_acceptOrclose[0]->click();
+        changeProject(m, 0, "5", true);
+        QCOMPARE(m.w->List1->count(), 20);
+        changeProject(m, 0, "10", true);
+        QCOMPARE(m.project.Panes(40).ImageFile + m.w->List1->item(39)->text(), last + "040. Last shot");
+        // A new grid keeps panes by index, rebuilt at the new cell size.
+        changeProject(m, 1, "10", true);
+        QVERIFY(qAbs(m.w->CellSize - m.w->StageSize / 3) <= 0.5);
+        QCOMPARE(QImage(m.project.Panes(5).ImageFile).width(), qRound(m.w->CellSize));
+
+        changeProject(m, 1, "10", false);
+        for (int p : {0, 5, 40, 1000})
+            QCOMPARE(m.project.Panes(p).SourceStem, kNone);
+        QVERIFY(QFileInfo::exists(last));
+        QCOMPARE(m.w->List1->item(39)->text(), "040. ToUse");
+        // The text stayed in the record and comes back with the next rebuild from the records.
+        changeProject(m, 1, "10", true);
+        QCOMPARE(m.w->List1->item(39)->text(), "040. Last shot");
+    }
+
+    void propertiesInBothModes() {
+        StartedMain m;
+        frmOptions* o = m.w->Options;
+        m.project.BoardTitle = "Storm";
+        m.project.GlobalHighlightColor = 16711680;
+        QColor lineWhileOpen;
+        m.w->ShowModal = [&](QDialog&) {
+            QVERIFY(o->Frame1[0]->x() >= 0 && o->Frame1[1]->x() < 0);
+            QCOMPARE(o->Combo_MoveHighlight->currentText() + o->Text1[3]->text() + o->Text1[2]->text(),
+                     "PinkStormToUse");
+            o->Text1[3]->setText("  Night  shoot ");
+            o->Text1[2]->setText("    ");
+            o->Combo_MoveHighlight->setCurrentIndex(0); // "Blue - Light" is red
+            o->Text1[0]->setText("not stored");
+            o->Button_acceptOrclose[1]->click();
+            lineWhileOpen = m.w->picStage->Line1.BorderColor;
         };
         m.w->mnu_BoardOptions->trigger();
-        QCOMPARE(m.project.DialogReply[1], kNone);
-        QCOMPARE(m.project.BoardTitle, QStringLiteral("Night  shoot"));
-        QCOMPARE(m.project.MoveHighlightColor, 255);
-    }
-}
+        // The footer is left empty, not "ToUse".
+        QCOMPARE(Joined(m.project.BoardTitle, m.project.FooterText, m.project.MoveHighlightColor,
+                        lineWhileOpen, m.project.Panes(1).Label),
+                 "Night  shoot||255|#ff0000|ToUse");
 
-void TestDialogs::helpTexts() {
-    StartedMain m;
-    frmHelp* h = m.w->Help;
-    QVERIFY(h->Text1->toPlainText().endsWith(QStringLiteral("using images and words to convey meaning.")));
-    const auto show = [h](const QString& topic) {
-        h->Combo_HelpTopic->setCurrentText(topic);
-        return h->Text1->toPlainText();
-    };
-    for (const QString& topic : HelpTopicNames())
-        QVERIFY2(!show(topic).isEmpty(), qPrintable(topic));
-    QCOMPARE(show(QStringLiteral("Back")), QStringLiteral("Navigate one board back. "));
-    QCOMPARE(show(QStringLiteral("Back")), QStringLiteral("Navigate one board back. "));
-    QCOMPARE(show(QStringLiteral("Scale Panes For")),
-             QStringLiteral(
-                 "The output makes scaled kelvrin webpages that are centered and suitable for the most "
-                 "popular display formats. Formats outside this range will require manual changing of the "
-                 "image Height field. In this event, after generating the html code, do the following :\n"
-                 "\n1. Uncheck the Auto-create checkbox on the Export tab.\n2. Click the Preview tab. \n"
-                 "3. Locate the heading : <!--Images---->. \n4. Change the Height % of all affected "
-                 "Images. \n5. ReDo for all Image instances (point 3). \n6. Click the Accept button on "
-                 "the Export tab."));
-    QCOMPARE(show(QStringLiteral("Auto-Create Html Code")),
-             QStringLiteral(
-                 "Html code is constructed for every board and pane in a single kelvrin project. In the "
-                 "Preview window however only a template is visible.  The final output is a \"best-fit\" "
-                 "scaled approximation depending the current desktop setting, from the first board to the "
-                 "last. To manually edit the existing code without overwriting on a new preview, do the "
-                 "following : \n\n1. Ensure Auto-create checkbox is ticked. \n2. Click Preview tab to "
-                 "instance a single project output. \n3. Return to the Export tab and uncheck the "
-                 "Auto-create checkbox. \n4. Return to the Preview tab. \n5. Make changes between the "
-                 "first instance of Titles and Footers. \n6. Repeat for all boards using cut and paste. "
-                 "\n7. Click the Accept button on the Export tab. "));
-    QList<QDialog*> shown;
-    m.w->ShowModal = [&](QDialog& d) { shown << &d; };
-    m.w->mnu_Help->trigger();
-    m.w->mnu_About->trigger();
-    QCOMPARE(shown, (QList<QDialog*>{h, m.w->About}));
-    QCOMPARE(m.w->About->Label1[0]->text(), QStringLiteral("Kelvrin v1.0 - (2002)"));
-}
+        m.w->SelectedPane = 3;
+        m.w->ShowModal = [&](QDialog&) {
+            QVERIFY(o->Frame1[0]->x() < 0 && o->Frame1[1]->x() >= 0);
+            QCOMPARE(o->Combo_GridHighlight->currentText(), "Blue");
+            o->Text1[0]->setText("   ");
+            o->Text1[1]->setText(" www.example.org/a b ");
+            o->Combo_GridHighlight->setCurrentIndex(5);
+            o->Text1[3]->setText("not stored");
+            o->Button_acceptOrclose[1]->click();
+        };
+        m.w->mnu_Options->trigger();
+        QCOMPARE(Joined(m.project.Panes(3).Label, m.project.Panes(3).Url, m.project.GlobalHighlightColor,
+                        m.project.BoardTitle),
+                 "|www.example.org/a b|65535|Night  shoot");
+
+        // Close, and the close box, store nothing.
+        for (bool closeBox : {false, true}) {
+            m.w->ShowModal = [&](QDialog& d) {
+                o->Text1[3]->setText("Changed");
+                o->Combo_MoveHighlight->setCurrentIndex(1);
+                closeBox ? d.reject() : o->Button_acceptOrclose[0]->click();
+            };
+            m.w->mnu_BoardOptions->trigger();
+            QCOMPARE(Joined(m.project.DialogReply[1], m.project.BoardTitle, m.project.MoveHighlightColor),
+                     "none|Night  shoot|255");
+        }
+    }
+
+    void helpTexts() {
+        StartedMain m;
+        frmHelp* h = m.w->Help;
+        QVERIFY(h->Text1->toPlainText().endsWith("using images and words to convey meaning."));
+        const auto show = [h](const QString& topic) {
+            h->Combo_HelpTopic->setCurrentText(topic);
+            return h->Text1->toPlainText();
+        };
+        for (const QString& topic : HelpTopicNames())
+            QVERIFY2(!show(topic).isEmpty(), qPrintable(topic));
+        QCOMPARE(show("Back"), "Navigate one board back. ");
+        QCOMPARE(
+            show("Scale Panes For"),
+            "The output makes scaled kelvrin webpages that are centered and suitable for the most popular "
+            "display formats. Formats outside this range will require manual changing of the image Height "
+            "field. In this event, after generating the html code, do the following :\n\n1. Uncheck the "
+            "Auto-create checkbox on the Export tab.\n2. Click the Preview tab. \n3. Locate the heading : "
+            "<!--Images---->. \n4. Change the Height % of all affected Images. \n5. ReDo for all Image "
+            "instances (point 3). \n6. Click the Accept button on the Export tab.");
+        QCOMPARE(
+            show("Auto-Create Html Code"),
+            "Html code is constructed for every board and pane in a single kelvrin project. In the Preview "
+            "window however only a template is visible.  The final output is a \"best-fit\" scaled "
+            "approximation depending the current desktop setting, from the first board to the last. To "
+            "manually edit the existing code without overwriting on a new preview, do the following : "
+            "\n\n1. Ensure Auto-create checkbox is ticked. \n2. Click Preview tab to instance a single "
+            "project output. \n3. Return to the Export tab and uncheck the Auto-create checkbox. \n4. Return "
+            "to the Preview tab. \n5. Make changes between the first instance of Titles and Footers. \n6. "
+            "Repeat for all boards using cut and paste. \n7. Click the Accept button on the Export tab. ");
+        QList<QDialog*> shown;
+        m.w->ShowModal = [&](QDialog& d) { shown << &d; };
+        m.w->mnu_Help->trigger();
+        m.w->mnu_About->trigger();
+        QCOMPARE(shown, (QList<QDialog*>{h, m.w->About}));
+        QCOMPARE(m.w->About->Label1[0]->text(), "Kelvrin v1.0 - (2002)");
+    }
+
+    void escapeAndTabInDialogs() {
+        StartedMain m;
+        // Escape answers as Close or Cancel does, and closes the others.
+        m.project.DialogReply.ReDim(5);
+        m.project.DialogReply2.ReDim(2);
+        frmMain& w = *m.w;
+        const QList<QDialog*> dialogs = {w.AddNew, w.Options, w.HTML, w.MsgBox, w.Help, w.About, w.CloseUp};
+        for (QDialog* d : dialogs) {
+            m.project.DialogReply[1] = m.project.DialogReply2[1] = "unanswered";
+            w.MsgBox->Check1->setChecked(true);
+            d->show();
+            QTest::keyClick(d, Qt::Key_Escape);
+            QVERIFY(!d->isVisible());
+            if (d == w.MsgBox)
+                QVERIFY(m.project.DialogReply2[1] == "cancel" && !w.MsgBox->Check1->isChecked());
+            else if (dialogs.indexOf(d) < 3)
+                QCOMPARE(m.project.DialogReply[1], kNone);
+        }
+
+        // The properties window tabs top to bottom through the group in view.
+        frmOptions* o = w.Options;
+        o->PlaceFrames(true);
+        o->show();
+        QVERIFY(QTest::qWaitForWindowActive(o));
+        o->Text1[3]->setFocus();
+        for (QWidget* next : QList<QWidget*>{o->Text1[2], o->Combo_MoveHighlight, o->Button_acceptOrclose[0],
+                                             o->Button_acceptOrclose[1], o->Text1[3]}) {
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+            QCOMPARE(QApplication::focusWidget(), next);
+        }
+        o->hide();
+
+        // Up and Down in the number of boards step it.
+        w.AddNew->Text_BoardAmount->setText("005");
+        for (Qt::Key key : {Qt::Key_Up, Qt::Key_Up, Qt::Key_Down})
+            QTest::keyClick(w.AddNew->Text_BoardAmount, key);
+        QCOMPARE(w.AddNew->Text_BoardAmount->text(), "006");
+    }
+};
 
 QTEST_MAIN(TestDialogs)
 #include "test_dialogs.moc"

@@ -69,7 +69,7 @@ private slots:
         p.GlobalHighlightColor = 255;
         ResetPanes(p);
         for (int i : {1, 500, 1000}) // the cell table belongs to the stage
-            QCOMPARE(PaneFields(p.Panes(i)), "ToUse|ToUse|ToUse|0|0|none|none|17|34|none");
+            QCOMPARE(PaneFields(p.Panes(i)), "ToUse|ToUse|ToUse|0|0|none|none|none|17|34");
         QCOMPARE(Joined(p.BoardTitle, p.FooterText, p.GlobalHighlightColor), "ToUse|ToUse|255");
     }
 
@@ -191,7 +191,7 @@ private slots:
                         p->BoardTitle, p->GlobalHighlightColor, p->MoveHighlightColor),
                  "12|0|4000|ToUse|T|255|-256");
         QCOMPARE(PaneFields(p->Panes(1)), Joined("Hi", "ToUse", "u", 0, 0, at("work/sky-0001.BMP"),
-                                                 at("hand_Data/sky-0001.bmp"), 0, 0, "sky"));
+                                                 at("hand_Data/sky-0001.bmp"), "sky", 0, 0));
         QCOMPARE(p->Panes(2).SourceFile + p->Panes(2).Text, "noneToUse");
 
         // Surplus records go to the panes after the total; names under five characters store nothing.

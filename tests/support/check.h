@@ -56,8 +56,8 @@ template <typename... T> QString Joined(const T&... values) {
     return QStringList{AsText(values)...}.join(QLatin1Char('|'));
 }
 
-// Every field of a pane record, in the record's order.
+// Every field of a pane record, the cell table (Position) last.
 inline QString PaneFields(const Pane& p) {
     return Joined(p.Text, p.Label, p.Url, p.FlipHorizontal, p.FlipVertical, p.ImageFile, p.SourceFile,
-                  p.Position[0], p.Position[1], p.SourceStem);
+                  p.SourceStem, p.Position[0], p.Position[1]);
 }
