@@ -37,6 +37,9 @@ inline QString AsText(const QString& s) {
 inline QString AsText(const char* s) {
     return QString::fromUtf8(s);
 }
+inline QString AsText(const QByteArray& s) {
+    return QString::fromLatin1(s);
+}
 template <typename T, std::enable_if_t<std::is_arithmetic_v<T>, int> = 0> QString AsText(T v) {
     return QString::number(v);
 }

@@ -1,0 +1,288 @@
+// The pictures: working pictures built from BMP, GIF and JPEG sources with their flips, what a
+// failure leaves behind, the DIB section the export loads them into, and the JPEG files written
+// from it.
+#include "images/dibsection.h"
+#include "images/jpegwriter.h"
+#include "images/panebatch.h"
+#include "images/paneimage.h"
+#include "support/check.h"
+#include "support/scriptedprompts.h"
+#include "support/testpictures.h"
+
+#include <QTemporaryDir>
+#include <QtEndian>
+#include <QtTest>
+#include <turbojpeg.h>
+
+namespace {
+// Two colours that every depth can hold exactly (multiples of 8 survive 5-bit channels).
+const QColor kA(200, 32, 8), kB(16, 64, 224);
+// A 5 x 3 picture: top row A, the rest B, but the bottom-right pixel A.
+bool isA(int x, int y) {
+    return y == 0 || (x == 4 && y == 2);
+}
+void put(QByteArray& out, quint32 v, int bytes) {
+    for (int i = 0; i < bytes; ++i)
+        out.append(static_cast<char>((v >> (8 * i)) & 0xFF));
+}
+// A bottom-up BMP of the pattern at 1, 4, 8 (two-entry palette), 16 (5-5-5), 24 or 32 bits.
+QByteArray patternBmp(int bits) {
+    const int w = 5, h = 3, stride = (w * bits + 31) / 32 * 4, palette = bits <= 8 ? 8 : 0;
+    QByteArray out("BM");
+    for (quint32 v : {quint32(54 + palette + stride * h), 0u, quint32(54 + palette), 40u, quint32(w),
+                      quint32(h), quint32(1 | bits << 16), 0u, 0u, 2835u, 2835u, bits <= 8 ? 2u : 0u, 0u})
+        put(out, v, 4);
+    auto rgb = [bits](const QColor& c) {
+        return bits == 16 ? quint32((c.red() >> 3) << 10 | (c.green() >> 3) << 5 | c.blue() >> 3)
+                          : quint32(c.blue() | c.green() << 8 | c.red() << 16);
+    };
+    if (bits <= 8) put(out, rgb(kA), 4), put(out, rgb(kB), 4);
+    for (int y = h - 1; y >= 0; --y) {
+        QByteArray row;
+        quint32 acc = 0;
+        for (int x = 0; x < w; ++x) {
+            const quint32 index = isA(x, y) ? 0 : 1;
+            if (bits >= 8)
+                put(row, bits == 8 ? index : rgb(isA(x, y) ? kA : kB), bits / 8);
+            else
+                acc |= index << (32 - bits - x * bits);
+        }
+        if (bits < 8) put(row, qToBigEndian(acc), 4);
+        out.append(row.leftJustified(stride, '\0'));
+    }
+    return out;
+}
+} // namespace
+
+class TestImages : public QObject {
+    Q_OBJECT
+    std::unique_ptr<QTemporaryDir> dir_;
+    Project project_;
+    QString source(const QString& name) const { return dir_->filePath(name); }
+    QStringList workFiles() const { return QDir(project_.WorkFolder).entryList(QDir::Files); }
+
+private slots:
+    void init() {
+        dir_ = std::make_unique<QTemporaryDir>();
+        project_ = Project();
+        project_.WorkFolder = dir_->filePath("MyProjects");
+        QVERIFY(QDir().mkpath(project_.WorkFolder));
+    }
+
+    void storesEachFormatAsCellSizedBmp_data() {
+        QTest::addColumn<QString>("file");
+        QTest::newRow("bmp") << "Photo.bmp";
+        QTest::newRow("gif") << "Anim7.gif";
+        QTest::newRow("jpeg") << "Vanto05.jpg";
+        QTest::newRow("jpeg named .bmp") << "Renamed.bmp";
+    }
+    void storesEachFormatAsCellSizedBmp() {
+        QFETCH(QString, file);
+        const QImage picture = QuadrantPicture(64, 48);
+        const QString path = source(file);
+        QVERIFY(file.endsWith(".gif") ? WriteGif(picture, path)
+                : file == "Photo.bmp" ? WriteBmp(picture, path)
+                                      : WriteJpeg(picture, path));
+        Pane& pane = project_.Panes(5);
+        pane.SourceFile = path;
+        pane.SourceStem = file.left(file.size() - 4);
+        StorePaneImage(project_, 5, 40.0f, true);
+
+        QCOMPARE(pane.ImageFile, project_.WorkFolder + "/" + pane.SourceStem + "-0005.BMP");
+        // 24 bits per pixel, rows of 120 bytes, already 4-byte aligned.
+        const QByteArray bmp = ReadAll(pane.ImageFile);
+        QCOMPARE(Joined(bmp.left(2), int(bmp[28]), bmp.size()), Joined("BM", 24, 54 + 40 * 120));
+        const QImage stored(pane.ImageFile);
+        QCOMPARE(stored.size(), QSize(40, 40));
+        QVERIFY(Near(stored.pixelColor(5, 5), kTopLeft) && Near(stored.pixelColor(34, 5), kTopRight) &&
+                Near(stored.pixelColor(5, 34), kBottomLeft) && Near(stored.pixelColor(34, 34), kBottomRight));
+    }
+
+    void flipsOnPixelsAndRebuild() {
+        const QString path = source("q.bmp");
+        QVERIFY(WriteBmp(QuadrantPicture(80, 60), path));
+        const QColor corners[4] = {kTopLeft, kTopRight, kBottomLeft, kBottomRight};
+        for (int flips = 0; flips < 4; ++flips) {
+            const qint16 index = qint16(997 + flips); // up to pane 1000
+            Pane& p = project_.Panes(index);
+            p.SourceFile = path;
+            p.SourceStem = "q";
+            p.FlipHorizontal = flips & 1, p.FlipVertical = flips >> 1;
+            // Built, then rebuilt over the same file at a new size with the flips applied from the source
+            // again.
+            for (int side : {30, 24}) {
+                StorePaneImage(project_, index, float(side), side == 30);
+                QCOMPARE(p.ImageFile,
+                         project_.WorkFolder + QString("/q-%1.BMP").arg(index, 4, 10, QLatin1Char('0')));
+                const QImage img(p.ImageFile);
+                QCOMPARE(img.size(), QSize(side, side));
+                // Corner c shows the source's corner c with its bits flipped: 1 left-right, 2 top-bottom.
+                for (int c = 0; c < 4; ++c)
+                    QVERIFY2(Near(img.pixelColor(c & 1 ? side - 4 : 3, c & 2 ? side - 4 : 3),
+                                  corners[c ^ flips], 10),
+                             qPrintable(Joined(flips, side, c)));
+            }
+        }
+    }
+
+    void mirroredDrawDropsOneSourceEdge() {
+        // A source one pixel larger than the square is drawn at its own size when mirrored: column
+        // (or row) 0 of the source lands one pixel outside the square and is lost; the square's last
+        // column shows source column 1.
+        const int side = 20;
+        QImage picture(side + 1, side + 1, QImage::Format_RGB32);
+        for (int y = 0; y <= side; ++y)
+            for (int x = 0; x <= side; ++x)
+                picture.setPixelColor(x, y, QColor(x * 10, y * 10, 100));
+        const QImage h = RenderPaneSquare(picture, side, 1, 0), v = RenderPaneSquare(picture, side, 0, 1);
+        for (int k = 0; k < side; ++k)
+            QCOMPARE(Joined(h.pixelColor(k, 0).red(), v.pixelColor(0, k).green()),
+                     Joined((side - k) * 10, (side - k) * 10));
+        const QImage both = RenderPaneSquare(picture, side, 1, 1);
+        QCOMPARE(Joined(both.pixelColor(0, 0), both.pixelColor(side - 1, side - 1)),
+                 Joined(QColor(side * 10, side * 10, 100), QColor(10, 10, 100)));
+        // Flag values other than 0 and 1 draw nothing.
+        QCOMPARE(RenderPaneSquare(picture, side, 2, -1), EmptySquare(side));
+    }
+
+    void failuresWriteNothing() {
+        Pane& p = project_.Panes(2);
+        p.ImageFile = "kept"; // no source: skipped
+        StorePaneImage(project_, 2, 40.0f, true);
+        QCOMPARE(p.ImageFile, "kept");
+        QVERIFY(WriteAll(source("broken.jpg"), "\xff\xd8\xff\xe0 this is not really a JPEG"));
+        for (auto [file, error] : {std::pair{"broken.jpg", 481}, {"missing.bmp", 53}}) {
+            p.SourceFile = source(file);
+            p.SourceStem = "broken";
+            QCOMPARE(ErrorNumberOf([&] { StorePaneImage(project_, 2, 40.0f, true); }), error);
+            QCOMPARE(p.ImageFile, "kept");
+            QCOMPARE(workFiles(), QStringList());
+        }
+    }
+
+    void manyPanesStopAtTheFirstFailure() {
+        // Built on every core, committed in order: the panes before a failure are done, the ones
+        // after it are untouched, exactly as one by one.
+        for (int n = 1; n <= 40; ++n) {
+            Pane& p = project_.Panes(n);
+            if (n % 5 == 0) continue; // no source: skipped
+            p.SourceFile = source(QString("f%1.jpg").arg(n));
+            p.SourceStem = "f";
+            if (n != 27) QVERIFY(WriteJpeg(SolidPicture(64, 48, QColor(n * 6, 0, 0)), p.SourceFile));
+        }
+        int progressCalls = 0;
+        QCOMPARE(ErrorNumberOf([&] {
+                     StorePaneImages(project_, 1, 40, 16.0f, true, [&](int done, int total) {
+                         QCOMPARE(Joined(done, total), Joined(++progressCalls, 40));
+                     });
+                 }),
+                 53);
+        QCOMPARE(progressCalls, 26);
+        for (int n = 1; n <= 40; ++n) {
+            const bool built = n < 27 && n % 5 != 0;
+            QCOMPARE(
+                Joined(project_.Panes(n).ImageFile != kNone, QFileInfo::exists(PaneImageName(project_, n))),
+                Joined(built, built));
+            if (built)
+                QVERIFY(Near(QImage(project_.Panes(n).ImageFile).pixelColor(8, 8), QColor(n * 6, 0, 0), 8));
+        }
+    }
+
+    void dibStridesChannelsAndCleanUp() {
+        cDIBSection dib;
+        for (auto [width, channels, stride] : {std::array{1, 3, 4},
+                                               {2, 3, 8},
+                                               {3, 3, 12},
+                                               {4, 3, 12},
+                                               {5, 3, 16},
+                                               {101, 3, 304},
+                                               {5, 4, 20},
+                                               {5, 1, 20}}) { // any channel count but 3 is 32 bits
+            QVERIFY(dib.Create(width, 2, channels));
+            QCOMPARE(Joined(dib.BytesPerScanLine(), dib.Header().biSizeImage, dib.dib_channels()),
+                     Joined(stride, 2 * stride, channels == 3 ? 3 : 4));
+            QCOMPARE(dib.hDC()->constBits(), dib.DIBSectionBitsPtr());
+        }
+        QVERIFY(!dib.Create(0, 4, 3));
+        for (int i = 0; i < 2; ++i) {
+            dib.CleanUp();
+            QVERIFY(!dib.hDib() && !dib.hDC() && !dib.DIBSectionBitsPtr());
+            QCOMPARE(Joined(dib.Header().biSize, dib.BytesPerScanLine()), "40|0");
+        }
+    }
+
+    void dibLoadsEveryDepthAndRefusesOthers() {
+        ScriptedPrompts prompts;
+        for (int bits : {1, 4, 8, 16, 24, 32}) {
+            const QString path = source(QString("p%1.bmp").arg(bits));
+            QVERIFY(WriteAll(path, patternBmp(bits)));
+            cDIBSection dib;
+            QVERIFY2(dib.Load(path, &prompts), qPrintable(path));
+            QCOMPARE(Joined(dib.dib_width(), dib.dib_height(), dib.dib_channels(), dib.BytesPerScanLine()),
+                     "5|3|3|16");
+            // Memory row 0 is the bottom row of the picture; painting turns it upright.
+            QImage whole(5, 3, QImage::Format_RGB32);
+            dib.PaintPicture(&whole, 0, 0, -1, -1, 0, 0, RasterOp::SrcCopy);
+            for (int y = 0; y < 3; ++y)
+                for (int x = 0; x < 5; ++x) {
+                    const uchar* p = dib.DIBSectionBitsPtr() + (2 - y) * 16 + x * 3;
+                    QVERIFY(Near(QColor(p[2], p[1], p[0]), isA(x, y) ? kA : kB, bits == 16 ? 8 : 0));
+                    QVERIFY(Near(whole.pixelColor(x, y), isA(x, y) ? kA : kB, bits == 16 ? 8 : 0));
+                }
+            if (bits != 24) continue;
+            QImage block(4, 4, QImage::Format_RGB32);
+            block.fill(Qt::white);
+            dib.PaintPicture(&block, 1, 1, 2, 2, 3, 1); // picture pixels (3, 1) and (4, 2)
+            QCOMPARE(Joined(block.pixelColor(0, 0), block.pixelColor(1, 1), block.pixelColor(2, 2)),
+                     Joined(QColor(Qt::white), kB, kA));
+        }
+        QVERIFY(prompts.messages.isEmpty());
+
+        // Not a BMP, whatever the name says, or no file at all: told once each, and the object stays empty.
+        QVERIFY(WriteJpeg(QuadrantPicture(16, 16), source("photo.bmp")));
+        cDIBSection dib;
+        for (const QString& path : {source("photo.bmp"), source("missing.bmp")})
+            QVERIFY(dib.Create(3, 3, 3) && !dib.Load(path, &prompts) && !dib.hDib() && !dib.hDC() &&
+                    dib.dib_width() == 0);
+        QCOMPARE(prompts.messages.size(), 2);
+        for (const auto& m : prompts.messages)
+            QVERIFY(m.text == "Could not load bmp." && m.title == "KV1 : Load Problem" &&
+                    m.icon == MsgIcon::Exclamation);
+    }
+
+    void jpegIsUprightAt75With420() {
+        cDIBSection dib;
+        QVERIFY(dib.Create(101, 40, 3)); // rows of 303 bytes and one byte of padding
+        for (int row = 0; row < 40; ++row)
+            for (int x = 0; x < 101; ++x) {
+                uchar* p = dib.DIBSectionBitsPtr() + row * dib.BytesPerScanLine() + x * 3;
+                p[0] =
+                    row >= 32 ? 0 : 255; // the last memory rows, the top of the picture, red; the rest blue
+                p[2] = row >= 32 ? 255 : 0;
+            }
+        const QString path = source("Vanto01-001.JPG");
+        QVERIFY(SaveJPG(dib, path));
+        const QByteArray jpeg = ReadAll(path);
+        tjhandle tj = tjInitDecompress();
+        int w = 0, h = 0, subsampling = -1, colourspace = -1;
+        QCOMPARE(tjDecompressHeader3(tj, reinterpret_cast<const uchar*>(jpeg.constData()), int(jpeg.size()),
+                                     &w, &h, &subsampling, &colourspace),
+                 0);
+        tjDestroy(tj);
+        QCOMPARE(Joined(w, h, subsampling, colourspace), Joined(101, 40, int(TJSAMP_420), int(TJCS_YCbCr)));
+        // Quality 75 halves the standard luminance table: its first entry, 16, becomes 8.
+        const int dqt = int(jpeg.indexOf("\xFF\xDB"));
+        QVERIFY(dqt > 0);
+        QCOMPARE(jpeg.mid(dqt + 4, 2), QByteArray("\x00\x08", 2));
+        const QImage decoded = QImage::fromData(jpeg);
+        QVERIFY(Near(decoded.pixelColor(50, 2), Qt::red) && Near(decoded.pixelColor(50, 30), Qt::blue));
+
+        // Over a longer file: written from its first byte, the old tail stays.
+        QVERIFY(WriteAll(source("old.JPG"), QByteArray(jpeg.size() + 5000, 'Z')));
+        QVERIFY(SaveJPG(dib, source("old.JPG")));
+        QCOMPARE(ReadAll(source("old.JPG")), jpeg + QByteArray(5000, 'Z'));
+    }
+};
+
+QTEST_GUILESS_MAIN(TestImages)
+#include "test_images.moc"
