@@ -1,196 +1,279 @@
-// The Pane and Board menu commands that change pictures: flips, blanking, the shuffle with its
-// notice, and the close-up.
+// The Pane and Board menu commands that change pictures: the single load, the mass import of a
+// numbered sequence with the count it reports, flips, blanking, the shuffle with its notice, and
+// the close-up.
 #include "dialogs/frmcloseup.h"
 #include "dialogs/frmmsgbox.h"
-#include "images/paneimage.h"
+#include "images/sequence.h"
 #include "images/shuffle.h"
-#include "model/runtimeerror.h"
+#include "model/numbers.h"
 #include "support/mainwindow.h"
-#include "support/testpictures.h"
 
-#include <QtTest>
+namespace {
+QString jpeg(const StartedMain& m, const QString& name, const QColor& colour = Qt::red) {
+    const QString path = m.path(name);
+    if (!WriteJpeg(SolidPicture(40, 30, colour), path)) qFatal("cannot write %s", qPrintable(path));
+    return path;
+}
+QString lastMessage(const StartedMain& m) {
+    return m.prompts.messages.isEmpty() ? QString() : m.prompts.messages.last().text;
+}
+const QString kTruncation = " compatible images.\nTruncation where current project specifies.";
+} // namespace
 
 class TestPaneCommands : public QObject {
     Q_OBJECT
 private slots:
-    void flipsOnPixelsAndRebuild();
-    void blankForgetsPictureOnly();
-    void shuffleDrawsWithoutReplacement();
-    void shuffleMovesBoardPicturesOnly();
-    void noticeRepliesAndSkipFlag();
-    void closeUpShowsSourceFlipped();
-};
-
-namespace {
-void givePicture(StartedMain& m, int pane, const QImage& image, const QString& stem) {
-    const QString path = m.path(stem + QStringLiteral(".bmp"));
-    QVERIFY(WriteBmp(image, path));
-    m.project.Panes(pane).SourceFile = path;
-    m.project.Panes(pane).SourceStem = stem;
-    StorePaneImage(m.project, static_cast<qint16>(pane), m.w->CellSize, true);
-}
-QStringList replies(const Project& project, int n) {
-    QStringList list;
-    for (int i = 1; i <= n; ++i)
-        list << project.DialogReply[i];
-    return list;
-}
-} // namespace
-
-void TestPaneCommands::flipsOnPixelsAndRebuild() {
-    StartedMain m;
-    givePicture(m, 1, QuadrantPicture(90, 90), QStringLiteral("Quad"));
-    const Pane& pane = m.project.Panes(1);
-    const int s = qRound(m.w->CellSize);
-    m.w->mnu_FlipHorizontally_Click();
-    QCOMPARE(pane.FlipHorizontal, qint16(1));
-    QVERIFY(Near(QImage(pane.ImageFile).pixelColor(3, 3), kTopRight, 10));
-    m.w->mnu_FlipVertically_Click();
-    QCOMPARE(pane.FlipVertical, qint16(1));
-    const QImage flipped(pane.ImageFile);
-    QVERIFY(Near(flipped.pixelColor(3, 3), kBottomRight, 10));
-
-    // Rebuilding from the source with both flags gives the same picture, away from the seams.
-    StorePaneImage(m.project, 1, m.w->CellSize, false);
-    const QImage rebuilt(pane.ImageFile);
-    for (int y = 0; y < s; y += 3)
-        for (int x = 0; x < s; x += 3)
-            if (qAbs(x - s / 2) > 3 && qAbs(y - s / 2) > 3)
-                QVERIFY(Near(rebuilt.pixelColor(x, y), flipped.pixelColor(x, y), 10));
-
-    m.w->mnu_FlipHorizontally_Click(); // back again
-    QCOMPARE(pane.FlipHorizontal, qint16(0));
-    // A working picture that has gone is a run-time error, before any flag changes.
-    QVERIFY(QFile::remove(pane.ImageFile));
-    QVERIFY_THROWS_EXCEPTION(RunTimeError, m.w->mnu_FlipVertically_Click());
-    QCOMPARE(pane.FlipVertical, qint16(1));
-}
-
-void TestPaneCommands::blankForgetsPictureOnly() {
-    StartedMain m;
-    givePicture(m, 2, SolidPicture(20, 20, Qt::red), QStringLiteral("Red"));
-    Pane& pane = m.project.Panes(2);
-    pane.Text = QStringLiteral("Opening");
-    pane.FlipVertical = 1;
-    const QString file = pane.ImageFile;
-    m.w->SelectedPane = 2;
-    m.w->mnu_MakeBlank_Click();
-    QCOMPARE((QStringList{pane.ImageFile, pane.SourceFile, pane.SourceStem}),
-             (QStringList{kNone, kNone, kNone}));
-    QCOMPARE(pane.FlipVertical, qint16(0));
-    QCOMPARE(pane.Text, QStringLiteral("Opening"));
-    QVERIFY(QFileInfo::exists(file));
-    m.w->SelectedPane = 2; // a blank pane flips nothing
-    m.w->mnu_FlipHorizontally_Click();
-    QCOMPARE(pane.FlipHorizontal, qint16(0));
-}
-
-void TestPaneCommands::shuffleDrawsWithoutReplacement() {
-    Project project;
-    project.DialogReply.ReDim(4);
-    // Always the first cell left gives the board's own order, always the last one the reverse.
-    QCOMPARE(ShufflePanes(project, 2, 2, [] { return 0.0; }), qint16(8));
-    QCOMPARE(replies(project, 4), (QStringList{"9", "10", "11", "12"}));
-    ShufflePanes(project, 2, 2, [] { return 0.9999; });
-    QCOMPARE(replies(project, 4), (QStringList{"12", "11", "10", "9"}));
-    // The second of four cells, then the first of the three left, ...
-    ShufflePanes(project, 2, 0, [] { return 0.3; });
-    QCOMPARE(replies(project, 4), (QStringList{"2", "1", "3", "4"}));
-}
-
-void TestPaneCommands::shuffleMovesBoardPicturesOnly() {
-    StartedMain m;
-    m.project.GridSide = 3;
-    m.project.BoardCount = 3;
-    m.w->ReshapeProject(3, 3, m.w->StageSize, true);
-    m.w->SetBoardIndex(2);
-    for (int p = 18; p <= 28; ++p) {
-        if (p != 27)
-            givePicture(m, p, SolidPicture(10, 10, QColor(p * 9, 0, 0)), QStringLiteral("P%1").arg(p));
-        m.project.Panes(p).Text = QStringLiteral("Text %1").arg(p);
+    void sequenceNames() {
+        // The chosen name; then the result, leading zeros, number, prefix, and the name of the tenth
+        // file after the first.
+        for (const char* row :
+             {"Vanto01.bmp Success 1 1 Vanto Vanto11", "Vanto1.gif Success 0 1 Vanto Vanto11",
+              "Vanto213.jpg Success 0 213 Vanto Vanto223", "Vanto001.jpg Success 2 1 Vanto Vanto011",
+              // The zero before a two-digit number goes into the prefix: after Vanto099 comes Vanto0100.
+              "Vanto010.jpg Success 1 10 Vanto0 Vanto020", "Vanto090.jpg Success 1 90 Vanto0 Vanto0100",
+              "7.gif Success 0 7  17", "01.bmp Success 1 1  11", "Vanto.jpg error 0 0  ",
+              "Vanto0.jpg error 0 0  ", "Image000.jpg error 0 0  ",
+              // A letter after the first digit, or no stem at all, is read like a cancel: no result.
+              "Vanto2a.jpg  0 0  ", "a.jp  0 0  "}) {
+            const QString title = QString(row).section(' ', 0, 0);
+            const ImageSequence s = AnalyseSequence("/pics/" + title, title);
+            const QString tenth =
+                s.Result == "Success" ? s.Prefix + SequenceNumberText(s.Number + 10, s.Zeros) : "";
+            QCOMPARE(QStringList({title, s.Result, Str(s.Zeros), Str(s.Number), s.Prefix, tenth}).join(' '),
+                     row);
+            QCOMPARE(s.Folder + s.Extension, "/pics/" + s.Path.right(4));
+        }
     }
-    m.project.Panes(20).FlipHorizontal = 1;
-    const QString first = m.project.Panes(19).ImageFile;
-    m.w->ShowModal = [&m](QDialog&) { m.w->MsgBox->OKButton->click(); };
-    m.w->ShuffleRandom = [] { return 0.9999; }; // reverses the board
-    m.w->mnu_RandomShuffle_Click();
-    QCOMPARE(m.project.Panes(19).ImageFile, kNone); // the blank moved too
-    QCOMPARE(m.project.Panes(27).ImageFile, first);
-    QCOMPARE(m.project.Panes(26).SourceStem, QStringLiteral("P20"));
-    QCOMPARE(m.project.Panes(26).FlipHorizontal, qint16(1));
-    for (int p = 18; p <= 28; ++p)
-        QCOMPARE(m.project.Panes(p).Text, QStringLiteral("Text %1").arg(p));
-    QCOMPARE(m.project.Panes(18).SourceStem + m.project.Panes(28).SourceStem, QStringLiteral("P18P28"));
 
-    // With the clock: still every picture of the board exactly once.
-    m.w->ShuffleRandom = nullptr;
-    QStringList before, after;
-    for (int p = 19; p <= 27; ++p)
-        before << m.project.Panes(p).ImageFile;
-    m.w->mnu_RandomShuffle_Click();
-    for (int p = 19; p <= 27; ++p)
-        after << m.project.Panes(p).ImageFile;
-    QCOMPARE(QSet<QString>(after.begin(), after.end()), QSet<QString>(before.begin(), before.end()));
-}
+    void importStopsAtGapAndRestoresThatPane() {
+        StartedMain m;
+        const QString first = jpeg(m, "Vanto05.jpg");
+        jpeg(m, "Vanto06.JPG", Qt::blue); // found although its extension differs in case
+        jpeg(m, "Vanto08.jpg");
+        const QString old = m.path("Old-0003.BMP");
+        QVERIFY(WriteBmp(SolidPicture(20, 20, Qt::gray), old));
+        Pane& third = m.project.Panes(3);
+        third.SourceStem = "Old";
+        third.ImageFile = old;
+        third.FlipHorizontal = 1;
+        m.prompts.answers.enqueue(first);
+        m.w->mnu_MassImage_Click();
 
-void TestPaneCommands::noticeRepliesAndSkipFlag() {
-    StartedMain m;
-    givePicture(m, 1, SolidPicture(10, 10, Qt::red), QStringLiteral("A"));
-    const QString a = m.project.Panes(1).ImageFile;
-    m.w->ShuffleRandom = [] { return 0.9999; };
-    frmMsgBox* notice = m.w->MsgBox;
-    int shown = 0;
-    bool ok = false, tick = true;
-    m.w->ShowModal = [&](QDialog&) {
-        ++shown;
-        notice->Check1->setChecked(tick);
-        (ok ? notice->OKButton : notice->CancelButton)->click();
-    };
-    m.w->mnu_RandomShuffle_Click(); // cancelled with the box ticked
-    QCOMPARE(m.project.DialogReply2[1] + m.project.DialogReply2[2], QStringLiteral("cancelcancel"));
-    QVERIFY(!notice->Check1->isChecked());
-    QCOMPARE(m.project.Panes(1).ImageFile, a);
+        QCOMPARE(m.prompts.requests[0].title + "|" + m.prompts.requests[0].filter,
+                 "Mass Image Import ...|Formats (*.Bmp *.Gif *.Jpg)|*.Bmp;*.Gif;*.Jpg");
+        const Pane& second = m.project.Panes(2);
+        QCOMPARE(Joined(second.SourceStem, second.SourceFile, second.ImageFile),
+                 Joined("Vanto", m.path("Vanto06.JPG"), m.project.WorkFolder + "/Vanto-0002.BMP"));
+        // The pane where the import stopped gets its picture back; its flip was cleared before the missing
+        // file was tried.
+        QCOMPARE(Joined(third.SourceStem, third.ImageFile, third.SourceFile, third.FlipHorizontal),
+                 Joined("Old", old, "none", 0));
+        QCOMPARE(m.prompts.messages.size(), 1);
+        QCOMPARE(m.prompts.messages[0].title + "|" + m.prompts.messages[0].text,
+                 "Kelvrin : Import|I found 2" + kTruncation);
+    }
 
-    ok = true;
-    tick = false;
-    m.w->mnu_RandomShuffle_Click();
-    QCOMPARE(m.project.DialogReply2[1] + m.project.DialogReply2[2], QStringLiteral("okay0"));
-    QCOMPARE(m.project.Panes(4).ImageFile, a);
-    QCOMPARE(m.w->SkipNotice, qint16(0));
-    tick = true;
-    m.w->mnu_RandomShuffle_Click();
-    QCOMPARE(m.project.DialogReply2[2], QStringLiteral("1"));
-    m.w->mnu_RandomShuffle_Click(); // no notice any more this run
-    QCOMPARE(shown, 3);
-    QCOMPARE(m.project.Panes(4).ImageFile, a);
-}
+    void countMessageAndRefusedNames() {
+        StartedMain m;
+        const QString only = jpeg(m, "Solo1.jpg");
+        m.prompts.answers.enqueue(only);
+        m.w->mnu_MassImage_Click();
+        QCOMPARE(lastMessage(m), "I found only 1 compatible image.");
+        // From pane 3 the message is chosen by the pane reached, the count by the panes filled.
+        m.w->SelectedPane = 3;
+        m.prompts.answers.enqueue(only);
+        m.w->mnu_MassImage_Click();
+        QCOMPARE(m.project.Panes(3).SourceFile, only);
+        QCOMPARE(lastMessage(m), "I found 1" + kTruncation);
 
-void TestPaneCommands::closeUpShowsSourceFlipped() {
-    StartedMain m;
-    givePicture(m, 3, QuadrantPicture(160, 40), QStringLiteral("Wide"));
-    m.project.Panes(3).FlipHorizontal = 1;
-    m.w->SelectedPane = 3;
-    const int s = qRound(m.w->StageFullSize);
-    bool shown = false;
-    m.w->ShowModal = [&](QDialog&) {
-        shown = true;
-        frmCloseUp* c = m.w->CloseUp;
-        QCOMPARE(c->windowTitle(), QStringLiteral("CloseUp : Wide"));
-        QCOMPARE(c->Picture1->geometry(), QRect(50, 10, s - 100, s - 100));
-        // Squashed into the square, not letter-boxed, and mirrored as the pane is.
-        const QImage picture = c->Picture1->pixmap().toImage();
-        QCOMPARE(picture.size(), QSize(s - 100, s - 100));
-        QVERIFY(Near(picture.pixelColor(5, 5), kTopRight, 10));
-        QVERIFY(Near(picture.pixelColor(s - 110, s - 110), kBottomLeft, 10));
-        c->Command1->click();
-    };
-    m.w->mnu_Closeup_Click();
-    QVERIFY(shown);
-    shown = false;
-    m.w->SelectedPane = 2; // a blank pane opens nothing
-    m.w->mnu_Closeup_Click();
-    QVERIFY(!shown);
-}
+        QVERIFY(WriteAll(m.path("Bad1.jpg"), "not a picture"));
+        for (const QString& chosen : {m.path("Bad1.jpg"), jpeg(m, "Vanto.jpg")}) {
+            m.prompts.answers.enqueue(chosen);
+            m.w->mnu_MassImage_Click();
+            QCOMPARE(lastMessage(m),
+                     "I couldn't find any compatible images.\nChoose images with number patterns such "
+                     "as : \nImage01.bmp, Image1.gif, Image214.jpg");
+            QCOMPARE(m.project.Panes(1).SourceFile, only);
+        }
+        // A digit followed by a letter, and a cancelled dialog, are silent.
+        m.prompts.messages.clear();
+        m.prompts.answers.enqueue(jpeg(m, "Vanto2a.jpg"));
+        m.w->mnu_MassImage_Click();
+        m.w->mnu_MassImage_Click();
+        QVERIFY(m.prompts.messages.isEmpty());
+        QCOMPARE(m.prompts.requests.last().folder, m.dir.path()); // opens where the last file was chosen
+
+        // Far beyond the one-board project: the import goes on and stops after pane 1000, silently.
+        for (const char* name : {"Seq001.jpg", "Seq002.jpg", "Seq003.jpg"})
+            jpeg(m, name);
+        m.w->SelectedPane = 999;
+        m.prompts.answers.enqueue(m.path("Seq001.jpg"));
+        m.w->mnu_MassImage_Click();
+        QCOMPARE(m.project.Panes(999).SourceFile, m.path("Seq001.jpg"));
+        QVERIFY(QFileInfo::exists(m.project.WorkFolder + "/Seq-1000.BMP") && m.prompts.messages.isEmpty());
+    }
+
+    void singlePicture() {
+        StartedMain m;
+        const QString path = m.path("Photo7.gif");
+        QVERIFY(WriteGif(QuadrantPicture(60, 60), path));
+        const Pane& pane = m.project.Panes(1);
+        m.prompts.answers.enqueue(path);
+        m.w->mnu_LoadPicture_Click();
+        m.w->mnu_LoadPicture_Click(); // cancelled: nothing changes
+        QCOMPARE(Joined(m.prompts.requests[0].title, pane.SourceStem, pane.SourceFile,
+                        QImage(pane.ImageFile).width()),
+                 Joined("Load Picture ...", "Photo7", path, qRound(m.w->CellSize)));
+        // Not trapped: the run-time error goes up to the event loop, the pane already on the file.
+        QVERIFY(WriteAll(m.path("broken.jpg"), "not a picture"));
+        m.prompts.answers.enqueue(m.path("broken.jpg"));
+        QCOMPARE(ErrorNumberOf([&] { m.w->mnu_LoadPicture_Click(); }), 481);
+        QCOMPARE(pane.SourceFile + "|" + pane.SourceStem, m.path("broken.jpg") + "|broken");
+    }
+
+    void flipsBlankAndCloseUp() {
+        StartedMain m;
+        m.give(1, QuadrantPicture(90, 90), "Quad");
+        const Pane& pane = m.project.Panes(1);
+        const int s = qRound(m.w->CellSize);
+        m.w->mnu_FlipHorizontally_Click();
+        QCOMPARE(pane.FlipHorizontal, qint16(1));
+        QVERIFY(Near(QImage(pane.ImageFile).pixelColor(3, 3), kTopRight, 10));
+        m.w->mnu_FlipVertically_Click();
+        QCOMPARE(pane.FlipVertical, qint16(1));
+        const QImage flipped(pane.ImageFile);
+        QVERIFY(Near(flipped.pixelColor(3, 3), kBottomRight, 10));
+        // Rebuilding from the source with both flags gives the same picture, away from the seams.
+        StorePaneImage(m.project, 1, m.w->CellSize, false);
+        const QImage rebuilt(pane.ImageFile);
+        for (int y = 0; y < s; y += 3)
+            for (int x = 0; x < s; x += 3)
+                if (qAbs(x - s / 2) > 3 && qAbs(y - s / 2) > 3)
+                    QVERIFY(Near(rebuilt.pixelColor(x, y), flipped.pixelColor(x, y), 10));
+        m.w->mnu_FlipHorizontally_Click(); // back again
+        QCOMPARE(pane.FlipHorizontal, qint16(0));
+
+        // The close-up: the source squashed into the square, not letter-boxed, and mirrored as the pane is.
+        m.give(3, QuadrantPicture(160, 40), "Wide");
+        m.project.Panes(3).FlipHorizontal = 1;
+        m.w->SelectedPane = 3;
+        const int side = qRound(m.w->StageFullSize) - 100;
+        int shown = 0;
+        m.w->ShowModal = [&](QDialog&) {
+            ++shown;
+            frmCloseUp* c = m.w->CloseUp;
+            const QImage picture = c->Picture1->pixmap().toImage();
+            QCOMPARE(Joined(c->windowTitle(), c->Picture1->geometry(), picture.size()),
+                     Joined("CloseUp : Wide", QRect(50, 10, side, side), QSize(side, side)));
+            QVERIFY(Near(picture.pixelColor(5, 5), kTopRight, 10) &&
+                    Near(picture.pixelColor(side - 10, side - 10), kBottomLeft, 10));
+            c->Command1->click();
+        };
+        m.w->mnu_Closeup_Click();
+        m.w->SelectedPane = 2; // a blank pane opens nothing
+        m.w->mnu_Closeup_Click();
+        QCOMPARE(shown, 1);
+
+        // Blank forgets the picture, not the text nor the file; a blank pane flips nothing.
+        Pane& third = m.project.Panes(3);
+        third.Text = "Opening";
+        const QString file = third.ImageFile;
+        m.w->SelectedPane = 3;
+        m.w->mnu_MakeBlank_Click();
+        QCOMPARE(PaneFields(third), Joined("Opening", "ToUse", "ToUse", 0, 0, "none", "none", "none",
+                                           third.Position[0], third.Position[1]));
+        QVERIFY(QFileInfo::exists(file));
+        m.w->mnu_FlipHorizontally_Click();
+        QCOMPARE(third.FlipHorizontal, qint16(0));
+        // A working picture that has gone is a run-time error, before any flag changes.
+        m.w->SelectedPane = 1;
+        QVERIFY(QFile::remove(pane.ImageFile));
+        QCOMPARE(ErrorNumberOf([&] { m.w->mnu_FlipVertically_Click(); }), 53);
+        QCOMPARE(pane.FlipVertical, qint16(1));
+    }
+
+    void shuffleDrawsWithoutReplacement() {
+        Project project;
+        project.DialogReply.ReDim(4);
+        const auto replies = [&] {
+            return Joined(project.DialogReply[1], project.DialogReply[2], project.DialogReply[3],
+                          project.DialogReply[4]);
+        };
+        // Always the first cell left gives the board's own order, always the last one the reverse.
+        QCOMPARE(ShufflePanes(project, 2, 2, [] { return 0.0; }), qint16(8));
+        QCOMPARE(replies(), "9|10|11|12");
+        ShufflePanes(project, 2, 2, [] { return 0.9999; });
+        QCOMPARE(replies(), "12|11|10|9");
+        // The second of four cells, then the first of the three left, ...
+        ShufflePanes(project, 2, 0, [] { return 0.3; });
+        QCOMPARE(replies(), "2|1|3|4");
+    }
+
+    void shuffleMovesBoardPicturesOnly() {
+        StartedMain m;
+        m.project.GridSide = 3;
+        m.project.BoardCount = 3;
+        m.w->ReshapeProject(3, 3, m.w->StageSize, true);
+        m.w->SetBoardIndex(2);
+        for (int p = 18; p <= 28; ++p) {
+            if (p != 27) m.give(p, SolidPicture(10, 10, QColor(p * 9, 0, 0)), QString("P%1").arg(p));
+            m.project.Panes(p).Text = QString("Text %1").arg(p);
+        }
+        m.project.Panes(20).FlipHorizontal = 1;
+        const QString first = m.project.Panes(19).ImageFile;
+        m.w->ShowModal = [&m](QDialog&) { m.w->MsgBox->OKButton->click(); };
+        m.w->ShuffleRandom = [] { return 0.9999; }; // reverses the board
+        m.w->mnu_RandomShuffle_Click();
+        // The blank moved too; pictures outside the board and every text stay.
+        QCOMPARE(Joined(m.project.Panes(19).ImageFile, m.project.Panes(27).ImageFile,
+                        m.project.Panes(26).SourceStem, m.project.Panes(26).FlipHorizontal,
+                        m.project.Panes(18).SourceStem, m.project.Panes(28).SourceStem),
+                 Joined("none", first, "P20", 1, "P18", "P28"));
+        for (int p = 18; p <= 28; ++p)
+            QCOMPARE(m.project.Panes(p).Text, QString("Text %1").arg(p));
+
+        // With the clock: still every picture of the board exactly once.
+        m.w->ShuffleRandom = nullptr;
+        QStringList before, after;
+        for (int p = 19; p <= 27; ++p)
+            before << m.project.Panes(p).ImageFile;
+        m.w->mnu_RandomShuffle_Click();
+        for (int p = 19; p <= 27; ++p)
+            after << m.project.Panes(p).ImageFile;
+        QCOMPARE(QSet<QString>(after.begin(), after.end()), QSet<QString>(before.begin(), before.end()));
+    }
+
+    void noticeRepliesAndSkipFlag() {
+        StartedMain m;
+        m.give(1, SolidPicture(10, 10, Qt::red), "A");
+        const QString a = m.project.Panes(1).ImageFile;
+        m.w->ShuffleRandom = [] { return 0.9999; };
+        frmMsgBox* notice = m.w->MsgBox;
+        int shown = 0;
+        bool ok = false, tick = true;
+        m.w->ShowModal = [&](QDialog&) {
+            ++shown;
+            notice->Check1->setChecked(tick);
+            (ok ? notice->OKButton : notice->CancelButton)->click();
+        };
+        m.w->mnu_RandomShuffle_Click(); // cancelled with the box ticked
+        QCOMPARE(Joined(m.project.DialogReply2[1], m.project.DialogReply2[2], notice->Check1->isChecked(),
+                        m.project.Panes(1).ImageFile),
+                 Joined("cancel", "cancel", false, a));
+        ok = true;
+        tick = false;
+        m.w->mnu_RandomShuffle_Click();
+        QCOMPARE(Joined(m.project.DialogReply2[1], m.project.DialogReply2[2], m.project.Panes(4).ImageFile,
+                        m.w->SkipNotice),
+                 Joined("okay", "0", a, 0));
+        tick = true;
+        m.w->mnu_RandomShuffle_Click();
+        QCOMPARE(m.project.DialogReply2[2], "1");
+        m.w->mnu_RandomShuffle_Click(); // no notice any more this run
+        QCOMPARE(shown, 3);
+        QCOMPARE(m.project.Panes(4).ImageFile, a);
+    }
+};
 
 QTEST_MAIN(TestPaneCommands)
 #include "test_panecommands.moc"
