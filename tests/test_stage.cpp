@@ -6,10 +6,6 @@
 
 #include <QAccessible>
 
-namespace {
-const QColor kSilver(192, 192, 192), kWhite(255, 255, 255);
-}
-
 class TestStage : public QObject {
     Q_OBJECT
     std::unique_ptr<StartedMain> m_;
@@ -23,6 +19,18 @@ class TestStage : public QObject {
         m_->give(pane, SolidPicture(40, 40, colour), stem);
     }
     QColor stagePixel(QPoint at) const { return w_->picStage->Picture.pixelColor(at); }
+    // The stage's colours at some points, as "#rrggbb|...".
+    QString pixels(std::initializer_list<QPoint> points) const {
+        QStringList names;
+        for (QPoint at : points)
+            names << stagePixel(at).name();
+        return names.join('|');
+    }
+    // Board shown, pane list row, selected pane and the edit row.
+    QString selection() const {
+        return Joined(w_->Combo_PageView->currentIndex(), w_->List1->currentRow(), w_->SelectedPane,
+                      w_->Text1->text());
+    }
     QPoint centre(int k) const { return m_->centre(k); }
     // Presses at one cell's centre and releases at another point, the pointer moving as a user's.
     void drag(QPoint from, QPoint to, bool busyOnRelease = false) {
@@ -40,20 +48,16 @@ private slots:
     }
 
     void layoutFromWorkArea() {
-        const StageGeometry g = ComputeStageLayout(1024, 740);
-        QCOMPARE(Joined(g.failedStep, g.picStage, g.picSideBar, g.Toolbar1.left(), g.Toolbar1.width(),
-                        g.comboLeftTwips, g.comboWidthTwips),
-                 "0|(0,0)1024x694|(697,3)324x692|6|312|990|3600");
-
         // On a 3 x 3 project the pictures are re-scaled to 694 / 3 = 231 while the board is drawn
         // with cells of 679 / 3 = 226: the two cells differ on purpose.
         shape(3, 2);
         give(1, Qt::red, "Red");
         w_->ArrangeMainWindow();
         QCOMPARE(Joined(w_->LastWorkAreaWidth, w_->StageFullSize, w_->StageSize, w_->CellSize,
-                        QImage(project().Panes(1).ImageFile).size(), w_->picSideBar->geometry(),
-                        w_->Combo_PageView->width(), w_->picStage->size()),
-                 "1024|694|679|226|231x231|(697,3)324x692|240|1024x694");
+                        QImage(project().Panes(1).ImageFile).size(), w_->picStage->geometry(),
+                        w_->picSideBar->geometry(), w_->Toolbar1->x(), w_->Toolbar1->width(),
+                        w_->Combo_PageView->x(), w_->Combo_PageView->width()),
+                 "1024|694|679|226|231x231|(0,0)1024x694|(697,3)324x692|6|312|66|240");
 
         // The same desktop width again: no layout, no re-scale.
         QFile::remove(project().Panes(1).ImageFile);
@@ -83,53 +87,57 @@ private slots:
     void blankBoardShowsCheckerboardsAndNumbers() {
         shape(3, 2);
         w_->SetBoardIndex(1);
-        const int cell = 226;
+        const auto dark = [this](QRect r) { // black pixels in a rectangle of the stage
+            int n = 0;
+            for (int y = r.top(); y <= r.bottom(); ++y)
+                for (int x = r.left(); x <= r.right(); ++x)
+                    n += stagePixel({x, y}).lightness() < 64;
+            return n;
+        };
         for (int k = 1; k <= 9; ++k) {
-            const QPoint at((k - 1) % 3 * cell, (k - 1) / 3 * cell);
+            const QPoint at((k - 1) % 3 * 226, (k - 1) / 3 * 226);
             QCOMPARE(QPoint(project().Panes(k).Position[0], project().Panes(k).Position[1]), at);
             // The 32-pixel checkerboard stretched to the cell: eight squares a side.
-            QCOMPARE(Joined(stagePixel(at + QPoint(40, 40)), stagePixel(at + QPoint(70, 40)),
-                            stagePixel(at + QPoint(40, 70))),
-                     Joined(kSilver, kWhite, kWhite));
+            QCOMPARE(pixels({at + QPoint(40, 40), at + QPoint(70, 40), at + QPoint(40, 70)}),
+                     "#c0c0c0|#ffffff|#ffffff");
             // The pane number, black under white, sits in the top-left corner and nowhere else.
-            int black = 0, blackElsewhere = 0;
-            for (int y = 0; y < cell; ++y)
-                for (int x = 0; x < cell; ++x)
-                    if (stagePixel(at + QPoint(x, y)).lightness() < 64)
-                        (x < 30 && y < 20 ? black : blackElsewhere)++;
-            QVERIFY2(black > 5 && blackElsewhere == 0, qPrintable(QString::number(k)));
+            const int number = dark(QRect(at, QSize(30, 20)));
+            QVERIFY2(number > 5 && dark(QRect(at, QSize(226, 226))) == number,
+                     qPrintable(QString::number(k)));
         }
-        // Board 2 shows panes 10 to 18: the numbers are wider than board 1's single digits.
-        auto numberWidth = [this] {
-            int right = 0;
-            for (int x = 0; x < 30; ++x)
-                for (int y = 0; y < 20; ++y)
-                    if (stagePixel({x, y}).lightness() < 64) right = qMax(right, x);
-            return right;
-        };
-        const int twoDigits = numberWidth();
+        // Board 2 shows panes 10 to 18: two digits, darker than board 1's single ones.
+        const int ten = dark({0, 0, 30, 20});
         w_->SetBoardIndex(0);
-        QVERIFY(numberWidth() < twoDigits);
+        QVERIFY(dark({0, 0, 30, 20}) < ten);
     }
 
-    void picturesAndLostWorkingFiles() {
+    void clicksSelectAndLostWorkingFiles() {
         shape(3, 2);
         give(10, Qt::red, "Red");
         give(11, Qt::blue, "Blue");
         QVERIFY(QFile::remove(project().Panes(11).ImageFile));
         w_->SetBoardIndex(1);
         // Pane 11 lost its working picture: blank.
-        QCOMPARE(Joined(stagePixel({113, 113}), stagePixel({225, 225}), stagePixel({226 + 40, 40})),
-                 Joined(QColor(Qt::red), QColor(Qt::red), kSilver));
-        QCOMPARE(project().Panes(11).ImageFile, kNone);
-        QVERIFY(project().Panes(10).ImageFile.endsWith("Red-0010.BMP"));
-        // Selecting the lost pane leaves the picture commands disabled; the red one enables them.
-        w_->HoverPane = 11;
-        w_->picStage_MouseDown(Qt::LeftButton, {}, 300, 100);
-        QVERIFY(!w_->mnu_FlipHorizontally->isEnabled() && !w_->mnu_MakeBlank->isEnabled());
-        w_->HoverPane = 10;
-        w_->picStage_MouseDown(Qt::LeftButton, {}, 100, 100);
-        QVERIFY(w_->mnu_FlipVertically->isEnabled() && w_->mnu_Closeup->isEnabled());
+        QCOMPARE(pixels({{113, 113}, {225, 225}, {226 + 40, 40}}), "#ff0000|#ff0000|#c0c0c0");
+        QVERIFY(project().Panes(11).ImageFile == kNone &&
+                project().Panes(10).ImageFile.endsWith("Red-0010.BMP"));
+        // A click on the red pane selects it and enables the picture commands; its text stays.
+        project().Panes(10).Text = "Ten";
+        m_->move(centre(1));
+        QTest::mouseClick(w_->picStage, Qt::LeftButton, {}, centre(1));
+        QCOMPARE(
+            Joined(w_->SelectedPane, w_->List1->currentRow(), project().Panes(10).Text, m_->popups.size()),
+            "10|9|Ten|0");
+        QVERIFY(w_->mnu_FlipHorizontally->isEnabled() && w_->mnu_MakeBlank->isEnabled() &&
+                w_->mnu_Closeup->isEnabled() && w_->mnu_FlipVertically->isEnabled());
+        // The right button on the lost pane selects it, disables them, and opens the Pane menu on
+        // press and on release, without a drag.
+        m_->move(centre(2));
+        QTest::mouseClick(w_->picStage, Qt::RightButton, {}, centre(2));
+        QCOMPARE(Joined(w_->SelectedPane, w_->DragActive, w_->mnu_FlipHorizontally->isEnabled(),
+                        w_->mnu_MakeBlank->isEnabled(), m_->popups.size()),
+                 "11|0|0|0|2");
+        QCOMPARE(m_->popups[1], qMakePair(w_->mnu_Panes, w_->picStage->mapToGlobal(centre(2))));
     }
 
     void hoverOutlineAndLabel() {
@@ -140,10 +148,9 @@ private slots:
         m_->move(centre(5));
         QCOMPARE(w_->HoverPane, 5);
         const QPoint at(project().Panes(5).Position[0], project().Panes(5).Position[1]);
-        const QColor red(Qt::red);
-        QCOMPARE(Joined(stagePixel(at + QPoint(2, 100)), stagePixel(at + QPoint(100, 2)),
-                        stagePixel(at + QPoint(223, 100)), stagePixel(at + QPoint(100, 223))),
-                 Joined(red, red, red, red));
+        QCOMPARE(
+            pixels({at + QPoint(2, 100), at + QPoint(100, 2), at + QPoint(223, 100), at + QPoint(100, 223)}),
+            "#ff0000|#ff0000|#ff0000|#ff0000");
         // Inside, and the cell's edge itself, untouched.
         for (QPoint p : {at + QPoint(100, 100), at + QPoint(0, 100)})
             QCOMPARE(stagePixel(p), painted.pixelColor(p));
@@ -165,11 +172,10 @@ private slots:
     void navigationBetweenBoards() {
         shape(3, 5);
         w_->SetBoardIndex(2);
-        QCOMPARE(Joined(w_->List1->currentRow(), w_->SelectedPane, w_->ButtonBack->isEnabled(),
-                        w_->ButtonNext->isEnabled()),
-                 "18|19|1|1");
+        QCOMPARE(selection(), "2|18|19|ToUse");
+        QVERIFY(w_->ButtonBack->isEnabled() && w_->ButtonNext->isEnabled());
         w_->ButtonBack->click();
-        QCOMPARE(Joined(w_->Combo_PageView->currentIndex(), w_->SelectedPane), "1|10");
+        QCOMPARE(selection(), "1|9|10|ToUse");
         w_->SetBoardIndex(4);
         QVERIFY(!w_->ButtonNext->isEnabled());
         w_->Toolbar1_ButtonClick("Next");
@@ -194,39 +200,10 @@ private slots:
         w_->FillLists(5, 40, w_->StageSize, false);
         w_->List1->setCurrentRow(999);
         w_->List1_MouseDown(Qt::LeftButton, {}, 5, 5);
-        QCOMPARE(w_->Text1->text() + "|" + QString::number(w_->Combo_PageView->currentIndex()), " Last|39");
+        QCOMPARE(selection(), "39|999|1000| Last");
     }
 
-    void paneListEditsTexts() {
-        shape(2, 2);
-        w_->List1->setCurrentRow(4);
-        w_->Text1->setText("  Shot 4  ");
-        QVERIFY(w_->cmdButton->isEnabled());
-        w_->cmdButton->click();
-        QCOMPARE(w_->List1->item(4)->text() + "|" + project().Panes(5).Text, "005. Shot 4|Shot 4");
-        // An empty edit row is never written into a pane.
-        w_->Text1->clear();
-        QVERIFY(!w_->cmdButton->isEnabled());
-        w_->SwapItemText();
-        QCOMPARE(project().Panes(5).Text, "Shot 4");
-
-        w_->List1->setCurrentRow(4);
-        w_->mnu_Remove_Click();
-        QCOMPARE(w_->List1->item(4)->text() + "|" + project().Panes(5).Text, "005. ToUse|ToUse");
-
-        // "Clear All" resets the records one below the items: pane 8 keeps its text.
-        QStringList texts;
-        for (int i = 0; i <= 8; ++i) {
-            project().Panes(i).Text = QString("T%1").arg(i);
-            if (i < 8) texts << Format(i + 1, "000") + ". ToUse";
-        }
-        w_->mnu_ClearAll_Click();
-        QCOMPARE(ItemsOf(w_->List1), texts);
-        for (int i = 0; i <= 8; ++i)
-            QCOMPARE(project().Panes(i).Text, i < 8 ? kToUse : "T8");
-    }
-
-    void paneListClicks() {
+    void paneList() {
         shape(2, 3);
         project().Panes(7).Text = "Seven";
         w_->FillLists(2, 3, w_->StageSize, false);
@@ -234,15 +211,37 @@ private slots:
         // A left click on pane 7 shows board 2 and keeps pane 7 selected with its text.
         QTest::mouseClick(w_->List1->viewport(), Qt::LeftButton, {},
                           w_->List1->visualItemRect(w_->List1->item(6)).center());
-        QCOMPARE(Joined(w_->Combo_PageView->currentIndex(), w_->List1->currentRow(), w_->SelectedPane,
-                        w_->Text1->text(), w_->mnu_Swap->isEnabled(), w_->mnu_Remove->isEnabled()),
-                 "1|6|7|Seven|1|1");
+        QCOMPARE(selection(), "1|6|7|Seven");
+        QVERIFY(w_->mnu_Swap->isEnabled() && w_->mnu_Remove->isEnabled());
         // A right click opens Edit List and changes neither board nor selection.
         QTest::mouseClick(w_->List1->viewport(), Qt::RightButton, {},
                           w_->List1->visualItemRect(w_->List1->item(1)).center());
-        QCOMPARE(m_->popups.size(), 1);
-        QCOMPARE(m_->popups[0].first, w_->mnu_EditList);
-        QCOMPARE(Joined(w_->Combo_PageView->currentIndex(), w_->List1->currentRow()), "1|6");
+        QCOMPARE(m_->popups.value(0).first, w_->mnu_EditList);
+        QCOMPARE(selection(), "1|6|7|Seven");
+
+        // Swap writes the edit row, trimmed, into pane and list; an empty row never.
+        w_->Text1->setText("  Shot 7  ");
+        QVERIFY(w_->cmdButton->isEnabled());
+        w_->cmdButton->click();
+        QCOMPARE(w_->List1->item(6)->text() + "|" + project().Panes(7).Text, "007. Shot 7|Shot 7");
+        w_->Text1->clear();
+        QVERIFY(!w_->cmdButton->isEnabled());
+        w_->SwapItemText();
+        QCOMPARE(project().Panes(7).Text, "Shot 7");
+        w_->List1->setCurrentRow(6);
+        w_->mnu_Remove_Click();
+        QCOMPARE(w_->List1->item(6)->text() + "|" + project().Panes(7).Text, "007. ToUse|ToUse");
+
+        // "Clear All" resets the records one below the items: pane 12 keeps its text.
+        QStringList texts;
+        for (int i = 0; i <= 12; ++i) {
+            project().Panes(i).Text = QString("T%1").arg(i);
+            if (i < 12) texts << Format(i + 1, "000") + ". ToUse";
+        }
+        w_->mnu_ClearAll_Click();
+        QCOMPARE(ItemsOf(w_->List1), texts);
+        for (int i = 0; i <= 12; ++i)
+            QCOMPARE(project().Panes(i).Text, i < 12 ? kToUse : "T12");
     }
 
     void dragExchangesPanes() {
@@ -277,8 +276,7 @@ private slots:
         QCOMPARE(w_->List1->item(2)->text() + "|" + w_->List1->item(6)->text(),
                  "003. Seven text|007. Three text");
         QVERIFY(!w_->DragActive && !line.Visible && stage->cursor().shape() != Qt::SizeAllCursor);
-        QCOMPARE(Joined(stagePixel(centre(3)), stagePixel(centre(7))),
-                 Joined(QColor(Qt::blue), QColor(Qt::red)));
+        QCOMPARE(pixels({centre(3), centre(7)}), "#0000ff|#ff0000");
 
         // Dropping a pane onto itself changes nothing.
         drag(centre(3), centre(3) + QPoint(5, 5));
@@ -288,28 +286,6 @@ private slots:
         drag(centre(3), centre(7), true);
         QVERIFY(w_->DragActive && line.Visible);
         QCOMPARE(project().Panes(3).Text, "Seven text");
-    }
-
-    void clicksWithoutDrag() {
-        shape(3, 1);
-        give(4, Qt::red, "Red");
-        w_->DrawCurrentBoard();
-        project().Panes(4).Text = "Four";
-        QWidget* stage = w_->picStage;
-        m_->move(centre(4));
-        QTest::mouseClick(stage, Qt::LeftButton, {}, centre(4));
-        QCOMPARE(Joined(w_->SelectedPane, w_->List1->currentRow(), w_->mnu_FlipHorizontally->isEnabled(),
-                        project().Panes(4).Text, m_->popups.size()),
-                 "4|3|1|Four|0");
-
-        // The right button selects the pane and opens the Pane menu, on press and on release.
-        m_->move(centre(2));
-        QTest::mouseClick(stage, Qt::RightButton, {}, centre(2));
-        QCOMPARE(Joined(w_->SelectedPane, w_->DragActive, w_->mnu_FlipHorizontally->isEnabled(),
-                        m_->popups.size()),
-                 "2|0|0|2");
-        QCOMPARE(m_->popups[0].first, w_->mnu_Panes);
-        QCOMPARE(m_->popups[0].second, stage->mapToGlobal(centre(2)));
     }
 
     void boardByKeyboard() {
@@ -354,9 +330,7 @@ private slots:
         w_->List1->item(4)->setText("005. Second board");
         w_->List1->setCurrentRow(3);
         QTest::keyClick(w_->List1, Qt::Key_Down);
-        QCOMPARE(Joined(w_->Combo_PageView->currentIndex(), w_->List1->currentRow(), w_->SelectedPane,
-                        w_->Text1->text()),
-                 "1|4|5|Second board");
+        QCOMPARE(selection(), "1|4|5|Second board");
         QTest::keyClick(w_->List1, Qt::Key_F10, Qt::ShiftModifier);
         QCOMPARE(m_->popups.value(0).first, w_->mnu_EditList);
         // Enter in the edit row is the swap button.
