@@ -209,45 +209,19 @@ private slots:
         QCOMPARE(replies(), "2|1|3|4");
     }
 
-    void shuffleMovesBoardPicturesOnly() {
+    void shuffleWithItsNotice() {
         StartedMain m;
-        m.project.GridSide = 3;
-        m.project.BoardCount = 3;
+        Project& p = m.project;
+        p.GridSide = 3, p.BoardCount = 3;
         m.w->ReshapeProject(3, 3, m.w->StageSize, true);
         m.w->SetBoardIndex(2);
-        for (int p = 18; p <= 28; ++p) {
-            if (p != 27) m.give(p, SolidPicture(10, 10, QColor(p * 9, 0, 0)), QString("P%1").arg(p));
-            m.project.Panes(p).Text = QString("Text %1").arg(p);
+        for (int i = 18; i <= 28; ++i) {
+            if (i != 27) m.give(i, SolidPicture(10, 10, QColor(i * 9, 0, 0)), QString("P%1").arg(i));
+            p.Panes(i).Text = QString("Text %1").arg(i);
         }
-        m.project.Panes(20).FlipHorizontal = 1;
-        const QString first = m.project.Panes(19).ImageFile;
-        m.w->ShowModal = [&m](QDialog&) { m.w->MsgBox->OKButton->click(); };
+        p.Panes(20).FlipHorizontal = 1;
+        const QString first = p.Panes(19).ImageFile;
         m.w->ShuffleRandom = [] { return 0.9999; }; // reverses the board
-        m.w->mnu_RandomShuffle_Click();
-        // The blank moved too; pictures outside the board and every text stay.
-        QCOMPARE(Joined(m.project.Panes(19).ImageFile, m.project.Panes(27).ImageFile,
-                        m.project.Panes(26).SourceStem, m.project.Panes(26).FlipHorizontal,
-                        m.project.Panes(18).SourceStem, m.project.Panes(28).SourceStem),
-                 Joined("none", first, "P20", 1, "P18", "P28"));
-        for (int p = 18; p <= 28; ++p)
-            QCOMPARE(m.project.Panes(p).Text, QString("Text %1").arg(p));
-
-        // With the clock: still every picture of the board exactly once.
-        m.w->ShuffleRandom = nullptr;
-        QStringList before, after;
-        for (int p = 19; p <= 27; ++p)
-            before << m.project.Panes(p).ImageFile;
-        m.w->mnu_RandomShuffle_Click();
-        for (int p = 19; p <= 27; ++p)
-            after << m.project.Panes(p).ImageFile;
-        QCOMPARE(QSet<QString>(after.begin(), after.end()), QSet<QString>(before.begin(), before.end()));
-    }
-
-    void noticeRepliesAndSkipFlag() {
-        StartedMain m;
-        m.give(1, SolidPicture(10, 10, Qt::red), "A");
-        const QString a = m.project.Panes(1).ImageFile;
-        m.w->ShuffleRandom = [] { return 0.9999; };
         frmMsgBox* notice = m.w->MsgBox;
         int shown = 0;
         bool ok = false, tick = true;
@@ -256,22 +230,34 @@ private slots:
             notice->Check1->setChecked(tick);
             (ok ? notice->OKButton : notice->CancelButton)->click();
         };
-        m.w->mnu_RandomShuffle_Click(); // cancelled with the box ticked
-        QCOMPARE(Joined(m.project.DialogReply2[1], m.project.DialogReply2[2], notice->Check1->isChecked(),
-                        m.project.Panes(1).ImageFile),
-                 Joined("cancel", "cancel", false, a));
-        ok = true;
-        tick = false;
+        m.w->mnu_RandomShuffle_Click(); // cancelled with the box ticked: nothing moves, the box is cleared
+        QCOMPARE(
+            Joined(p.DialogReply2[1], p.DialogReply2[2], notice->Check1->isChecked(), p.Panes(19).ImageFile),
+            Joined("cancel", "cancel", false, first));
+        ok = true, tick = false;
         m.w->mnu_RandomShuffle_Click();
-        QCOMPARE(Joined(m.project.DialogReply2[1], m.project.DialogReply2[2], m.project.Panes(4).ImageFile,
-                        m.w->SkipNotice),
-                 Joined("okay", "0", a, 0));
+        QCOMPARE(Joined(p.DialogReply2[1], p.DialogReply2[2], m.w->SkipNotice), "okay|0|0");
+        // The blank moved too; pictures outside the board and every text stay.
+        QCOMPARE(Joined(p.Panes(19).ImageFile, p.Panes(27).ImageFile, p.Panes(26).SourceStem,
+                        p.Panes(26).FlipHorizontal, p.Panes(18).SourceStem, p.Panes(28).SourceStem),
+                 Joined("none", first, "P20", 1, "P18", "P28"));
+        for (int i = 18; i <= 28; ++i)
+            QCOMPARE(p.Panes(i).Text, QString("Text %1").arg(i));
         tick = true;
         m.w->mnu_RandomShuffle_Click();
-        QCOMPARE(m.project.DialogReply2[2], "1");
+        QCOMPARE(p.DialogReply2[2] + p.Panes(19).ImageFile, "1" + first);
         m.w->mnu_RandomShuffle_Click(); // no notice any more this run
-        QCOMPARE(shown, 3);
-        QCOMPARE(m.project.Panes(4).ImageFile, a);
+        QCOMPARE(Joined(shown, p.Panes(27).ImageFile), Joined(3, first));
+
+        // With the clock: still every picture of the board exactly once.
+        m.w->ShuffleRandom = nullptr;
+        QStringList before, after;
+        for (int i = 19; i <= 27; ++i)
+            before << p.Panes(i).ImageFile;
+        m.w->mnu_RandomShuffle_Click();
+        for (int i = 19; i <= 27; ++i)
+            after << p.Panes(i).ImageFile;
+        QCOMPARE(QSet<QString>(after.begin(), after.end()), QSet<QString>(before.begin(), before.end()));
     }
 };
 
