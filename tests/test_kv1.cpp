@@ -64,7 +64,7 @@ private slots:
         QCOMPARE(QFileInfo::exists(programWork), workThere);
         QCOMPARE(ReadAll(copy), QByteArray(file).replace("sea-0006\r\n1", "sea-0006\r\n0"));
         const QImage picture(folder + "copy_Data/sea-0006.bmp");
-        QVERIFY(picture.size() == QSize(32, 32) && Near(picture.pixelColor(3, 3), kTopLeft));
+        QCOMPARE(Joined(picture.size(), QuadrantsOf(picture)), "32x32|TL TR BL BR");
 
         QCOMPARE(kv1({"export", trip, web + "story.htm", "--cell", "48", "--no-numbers"}).status, 0);
         QCOMPARE(QDir(web).entryList(QDir::Files, QDir::Name),

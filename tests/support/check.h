@@ -31,29 +31,19 @@ inline bool WriteAll(const QString& path, const QByteArray& bytes) {
 
 // Several values as one text, joined by "|", so that one comparison checks them all and a failure
 // still shows every value.
-inline QString AsText(const QString& s) {
-    return s;
-}
-inline QString AsText(const char* s) {
-    return QString::fromUtf8(s);
-}
-inline QString AsText(const QByteArray& s) {
-    return QString::fromLatin1(s);
-}
-template <typename T, std::enable_if_t<std::is_arithmetic_v<T>, int> = 0> QString AsText(T v) {
-    return QString::number(v);
-}
-inline QString AsText(const QSize& s) {
-    return QStringLiteral("%1x%2").arg(s.width()).arg(s.height());
-}
-inline QString AsText(const QPoint& p) {
-    return QStringLiteral("(%1,%2)").arg(p.x()).arg(p.y());
-}
-inline QString AsText(const QRect& r) {
-    return AsText(r.topLeft()) + AsText(r.size());
-}
-inline QString AsText(const QColor& c) {
-    return c.name();
+template <typename T> QString AsText(const T& v) {
+    if constexpr (std::is_arithmetic_v<T>)
+        return QString::number(v);
+    else if constexpr (std::is_same_v<T, QSize>)
+        return QStringLiteral("%1x%2").arg(v.width()).arg(v.height());
+    else if constexpr (std::is_same_v<T, QPoint>)
+        return QStringLiteral("(%1,%2)").arg(v.x()).arg(v.y());
+    else if constexpr (std::is_same_v<T, QRect>)
+        return AsText(v.topLeft()) + AsText(v.size());
+    else if constexpr (std::is_same_v<T, QColor>)
+        return v.name();
+    else
+        return QString(v);
 }
 template <typename... T> QString Joined(const T&... values) {
     return QStringList{AsText(values)...}.join(QLatin1Char('|'));

@@ -33,6 +33,21 @@ bool Near(const QColor& a, const QColor& b, int tolerance) {
            qAbs(a.blue() - b.blue()) <= tolerance;
 }
 
+QString QuadrantsOf(const QImage& image, int tolerance) {
+    const int w = image.width(), h = image.height();
+    QStringList corners;
+    for (QPoint at : {QPoint(w / 8, h / 8), QPoint(w - 1 - w / 8, h / 8), QPoint(w / 8, h - 1 - h / 8),
+                      QPoint(w - 1 - w / 8, h - 1 - h / 8)}) {
+        const QColor c = image.pixelColor(at);
+        corners << (Near(c, kTopLeft, tolerance)       ? "TL"
+                    : Near(c, kTopRight, tolerance)    ? "TR"
+                    : Near(c, kBottomLeft, tolerance)  ? "BL"
+                    : Near(c, kBottomRight, tolerance) ? "BR"
+                                                       : "?");
+    }
+    return corners.join(' ');
+}
+
 bool WriteGif(const QImage& source, const QString& path) {
     const QImage image = source.convertToFormat(QImage::Format_RGB32);
     const int w = image.width(), h = image.height();

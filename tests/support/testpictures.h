@@ -23,3 +23,6 @@ bool WriteJpeg(const QImage& image, const QString& path, int quality = 95);
 
 // Whether two colours are within tolerance on every channel (JPEG and smoothing blur edges).
 bool Near(const QColor& a, const QColor& b, int tolerance = 40);
+// Which quadrant of QuadrantPicture each corner of a picture shows, read an eighth of the way in:
+// "TL TR BL BR" for the picture as made, "TR TL BR BL" mirrored left to right; "?" for neither.
+QString QuadrantsOf(const QImage& image, int tolerance = 40);
