@@ -135,21 +135,12 @@ private slots:
         StartedMain m;
         m.give(1, QuadrantPicture(90, 90), "Quad");
         const Pane& pane = m.project.Panes(1);
-        const int s = qRound(m.w->CellSize);
         m.w->mnu_FlipHorizontally_Click();
         QCOMPARE(pane.FlipHorizontal, qint16(1));
         QCOMPARE(QuadrantsOf(QImage(pane.ImageFile), 10), "TR TL BR BL");
         m.w->mnu_FlipVertically_Click();
         QCOMPARE(pane.FlipVertical, qint16(1));
-        const QImage flipped(pane.ImageFile);
-        QCOMPARE(QuadrantsOf(flipped, 10), "BR BL TR TL");
-        // Rebuilding from the source with both flags gives the same picture, away from the seams.
-        StorePaneImage(m.project, 1, m.w->CellSize, false);
-        const QImage rebuilt(pane.ImageFile);
-        for (int y = 0; y < s; y += 3)
-            for (int x = 0; x < s; x += 3)
-                if (qAbs(x - s / 2) > 3 && qAbs(y - s / 2) > 3)
-                    QVERIFY(Near(rebuilt.pixelColor(x, y), flipped.pixelColor(x, y), 10));
+        QCOMPARE(QuadrantsOf(QImage(pane.ImageFile), 10), "BR BL TR TL");
         m.w->mnu_FlipHorizontally_Click(); // back again
         QCOMPARE(pane.FlipHorizontal, qint16(0));
 
