@@ -65,7 +65,7 @@ private slots:
         }
 
         changeProject(m, 0, "10", true);
-        for (int p : {5, 40})
+        for (int p : {5, 40, 1000}) // pane 1000 too, though far past this project
             m.give(p, QuadrantPicture(50, 50), "Sky");
         m.project.Panes(40).Text = "Last shot";
         const QString last = m.project.Panes(40).ImageFile;
