@@ -83,11 +83,12 @@ private slots:
         QCOMPARE(ReadAll(web + "story_002.htm"),
                  ToAnsi(MakeWebpage(project, options, "story", state) + "\r\n"));
         QVERIFY(ReadAll(web + "story_001.htm").contains("<a href=\"story_002.htm\">Next</a>"));
-        // Auto-create off writes page 1 only; pictures are still converted.
+        // Auto-create off writes page 1 only; pictures are still converted. Pages of 3 x 3 hold both boards.
         QVERIFY(QDir(web).removeRecursively() && QDir().mkpath(web));
-        QCOMPARE(kv1({"export", trip, web + "one.htm", "--first-page-only", "--grid", "3"}).status, 0);
+        QCOMPARE(kv1({"export", trip, web + "one.htm", "--first-page-only"}).status, 0);
+        QCOMPARE(kv1({"export", trip, web + "nine.htm", "--grid", "3"}).status, 0);
         QCOMPARE(QDir(web).entryList(QDir::Files, QDir::Name),
-                 (QStringList{"one_001.htm", "sea-001.JPG", "sea-006.JPG"}));
+                 (QStringList{"nine_001.htm", "one_001.htm", "sea-001.JPG", "sea-006.JPG"}));
 
         r = kv1({"--help"});
         QVERIFY(r.status == 0 && r.out.contains("kv1 copy PROJECT.kv1 NEW.kv1 [--cell N]") &&
