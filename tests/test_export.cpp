@@ -44,9 +44,7 @@ class TestExport : public QObject {
         const qint16 cursor = qint16(9 * (n - 1));
         WebpageState s{qint16(n), qint16(count), cursor, cursor, cursor};
         return ReadAll(web(QString("trip_%1.htm").arg(n, 3, 10, QLatin1Char('0')))) ==
-               ToAnsi(MakeWebpage(m_->project, {1, 1, {{true, true, true, true, true, true}}, true}, "trip",
-                                  s)) +
-                   "\r\n";
+               ToAnsi(MakeWebpage(m_->project, HtmlExportOptions{1}, "trip", s)) + "\r\n";
     }
 
 private slots:
@@ -131,7 +129,7 @@ private slots:
         const int heights[4][2] = {{98, 86}, {70, 60}, {48, 58}, {38, 34}}, widths[4] = {49, 32, 24, 19};
         for (int grid = 0; grid < 4; ++grid)
             for (int scale = 0; scale < 2; ++scale) {
-                const QString text = page(p, {grid, scale, {{true, true, true, true, true, true}}, true});
+                const QString text = page(p, {grid, scale});
                 const int n = (grid + 2) * (grid + 2);
                 QCOMPARE(
                     text.count(
@@ -187,8 +185,7 @@ private slots:
         Project p = exampleProject();
         p.Panes(10).Label = "Ten", p.Panes(10).SourceStem = "Vanto10";
         WebpageState state;
-        const QStringList pages = ExportWebpages(p, {1, 1, {{true, true, true, true, true, true}}, true}, 3,
-                                                 2, web(), "trip", state);
+        const QStringList pages = ExportWebpages(p, HtmlExportOptions{1}, 3, 2, web(), "trip", state);
         QCOMPARE(pages, (QStringList{web("trip_001.htm"), web("trip_002.htm")}));
         QVERIFY(ReadAll(pages[0]).contains("<p align=\"center\"><a href=\"trip_002.htm\">Next</a></p>"));
         const QByteArray second = ReadAll(pages[1]);
@@ -201,7 +198,7 @@ private slots:
         // Pane 1000 on the last page of 5 x 5 pages; one page more runs past the pool.
         p.Panes(1000).SourceStem = "Vanto05";
         state = {40, 40, 975, 975, 975};
-        const QString last = MakeWebpage(p, {3, 1, {{true, true, true, true, true, true}}, true}, "s", state);
+        const QString last = MakeWebpage(p, HtmlExportOptions{3}, "s", state);
         QVERIFY(last.contains("<img src=\"Vanto05-1000.JPG\"") && last.contains("<strong>1000.</strong>"));
         QCOMPARE(ErrorNumberOf([&] { MakeWebpage(p, {}, "s", state); }), 9);
     }
