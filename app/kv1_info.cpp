@@ -42,6 +42,7 @@ int runInfo(const ToolArguments& arguments) {
     for (int i : missing)
         text += QStringLiteral("  %1 (pane %2)\n").arg(QFileInfo(p.Panes(i).SourceFile).fileName()).arg(i);
     Print(text);
+    if (!why.isEmpty()) throw ToolFailure(QStringLiteral("Kelvrin cannot open %1: %2").arg(opened.path, why));
     if (!missing.isEmpty()) throw ToolFailure(opened.describeMissing(missing));
     return 0;
 }
@@ -53,7 +54,7 @@ ToolCommand InfoCommand() {
             QStringLiteral("Prints the project's grid, boards and pane total, how many panes have\n"
                            "pictures, its title and footer, and every picture that its picture\n"
                            "folder should hold but does not. Exits with status 1 when pictures\n"
-                           "are missing."),
+                           "are missing or Kelvrin cannot open the project."),
             {},
             runInfo};
 }

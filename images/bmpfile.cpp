@@ -61,6 +61,8 @@ void SaveBmp24(const QImage& image, const QString& path) {
 
 void WriteFileBytes(const QByteArray& bytes, const QString& path) {
     QFile file(path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate) || file.write(bytes) != bytes.size())
+    // A full disk can cut the write short without the write saying so; the file's length tells.
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate) || file.write(bytes) != bytes.size() ||
+        !file.flush() || file.size() != bytes.size())
         throw RunTimeError::PathFileAccess(path);
 }

@@ -1,8 +1,12 @@
 #include "images/dibsection.h"
 
+#include "images/cutshort.h"
+#include "images/picture.h"
 #include "model/numbers.h"
 #include "model/prompts.h"
 
+#include <QBuffer>
+#include <QFile>
 #include <QImageReader>
 #include <QPainter>
 #include <cstring>
@@ -59,12 +63,28 @@ bool cDIBSection::Create(qint32 lWidth, qint32 lHeight, qint32 lChannels) {
 }
 
 bool cDIBSection::Load(const QString& Name, Prompts* prompts) {
+    QFile file(Name);
+    const bool readable = file.open(QIODevice::ReadOnly) && file.size() <= kMaxPictureBytes;
+    return loadFrom(readable ? file.readAll() : QByteArray(), prompts);
+}
+
+bool cDIBSection::LoadBmpData(const QByteArray& data) {
+    return loadFrom(data, nullptr);
+}
+
+bool cDIBSection::loadFrom(const QByteArray& data, Prompts* prompts) {
     CleanUp();
     if (!makeSurface()) return false;
-    // The file is read as a BMP whatever its name says; anything else fails here.
-    QImageReader reader(Name, "bmp");
-    reader.setAutoTransform(false);
-    const QImage loaded = reader.read();
+    // The bytes are read as a BMP whatever the file's name says; anything else fails here, and so
+    // does a BMP cut short, before its announced size is made.
+    QImage loaded;
+    if (!BmpCutShort(data)) {
+        QBuffer buffer;
+        buffer.setData(data);
+        QImageReader reader(&buffer, "bmp");
+        reader.setAutoTransform(false);
+        loaded = reader.read();
+    }
     if (loaded.isNull()) {
         memoryDC_.reset();
         if (prompts)

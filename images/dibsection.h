@@ -63,8 +63,11 @@ public:
     bool Create(qint32 lWidth, qint32 lHeight, qint32 lChannels);
     // Empties the object, then reads a BMP file of any depth (1, 4, 8, 16, 24, 32 bits) into a
     // 24-bit buffer of the same width and height. A file that is not a readable BMP (whatever its
-    // name) shows "Could not load bmp." through prompts, when given, and returns false.
+    // name), or one cut short, shows "Could not load bmp." through prompts, when given, and
+    // returns false.
     bool Load(const QString& Name, Prompts* prompts);
+    // Load on the bytes of a BMP file, without a message.
+    bool LoadBmpData(const QByteArray& data);
 
     qint32 BytesPerScanLine() const;
     qint32 dib_width() const { return bitmapInfo_.biWidth; }
@@ -89,6 +92,7 @@ public:
 
 private:
     bool makeSurface();
+    bool loadFrom(const QByteArray& data, Prompts* prompts);
     void selectSection();
 
     DibHandle dibHandle_;

@@ -2,8 +2,6 @@
 
 #include <turbojpeg.h>
 
-#include <cstring>
-
 namespace {
 struct Decompressor {
     tjhandle handle = tjInitDecompress();
@@ -51,9 +49,10 @@ JpegDecodeResult DecodeJpeg(const QByteArray& data, QSize atLeast, QImage& out, 
     const int format = QSysInfo::ByteOrder == QSysInfo::LittleEndian ? TJPF_BGRX : TJPF_XRGB;
     if (tjDecompress2(d.handle, bytes, size, image.bits(), scale.size.width(),
                       static_cast<int>(image.bytesPerLine()), scale.size.height(), format, 0) != 0) {
-        // Damage the decoder could work around is accepted; a picture cut short is not.
+        // Damage the decoder could work around is accepted; a picture whose data ends before its
+        // last row ("Premature end of JPEG file", "... premature end of data segment") is not.
         if (tjGetErrorCode(d.handle) != TJERR_WARNING ||
-            std::strstr(tjGetErrorStr2(d.handle), "Premature end") != nullptr)
+            QByteArray(tjGetErrorStr2(d.handle)).toLower().contains("premature end"))
             return JpegDecodeResult::Unreadable;
     }
     out = image;

@@ -46,8 +46,14 @@ QImage RenderPaneSquare(const QImage& picture, int side, int flipH, int flipV) {
 
 QByteArray RenderPaneBmp(const QString& sourceFile, int side, int flipH, int flipV) {
     // The mirrored draws are one pixel longer than the square: the picture must cover that.
-    const QImage picture = LoadPictureAtLeast(sourceFile, QSize(side + 1, side + 1));
-    return EncodeBmp24(RenderPaneSquare(picture, side, flipH, flipV));
+    return EncodeBmp24(
+        RenderPaneSquare(LoadPictureAtLeast(sourceFile, QSize(side + 1, side + 1)), side, flipH, flipV));
+}
+
+QByteArray RenderPaneBmpOf(const QByteArray& source, const QString& sourceFile, int side, int flipH,
+                           int flipV) {
+    return EncodeBmp24(
+        RenderPaneSquare(DecodePicture(source, QSize(side + 1, side + 1), sourceFile), side, flipH, flipV));
 }
 
 void CommitPaneImage(Project& project, qint16 paneIndex, const QByteArray& bmp, bool makeNewName) {

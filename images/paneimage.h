@@ -24,6 +24,9 @@ QImage EmptySquare(int side);
 // committed in order: the working picture's BMP bytes (RunTimeError as LoadPicture), and the
 // write of those bytes with the pane's ImageFile set as StorePaneImage sets it.
 QByteArray RenderPaneBmp(const QString& sourceFile, int side, int flipH, int flipV);
+// RenderPaneBmp on the source file's bytes; sourceFile only names it in the error.
+QByteArray RenderPaneBmpOf(const QByteArray& source, const QString& sourceFile, int side, int flipH,
+                           int flipV);
 void CommitPaneImage(Project& project, qint16 paneIndex, const QByteArray& bmp, bool makeNewName);
 
 // Builds (or rebuilds) the working picture of a pane from its SourceFile at paneSize pixels.

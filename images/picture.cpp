@@ -1,5 +1,6 @@
 #include "images/picture.h"
 
+#include "images/cutshort.h"
 #include "images/jpegdecode.h"
 #include "model/runtimeerror.h"
 
@@ -19,9 +20,9 @@ QByteArray readAll(const QString& path) {
     if (!file.open(QIODevice::ReadOnly)) throw RunTimeError::PathFileAccess(path);
     return file.readAll();
 }
+} // namespace
 
-QImage decode(const QString& path, QSize atLeast) {
-    const QByteArray data = readAll(path);
+QImage DecodePicture(const QByteArray& data, QSize atLeast, const QString& path) {
     QImage image;
     switch (DecodeJpeg(data, atLeast, image, kMaxPictureBytes)) {
     case JpegDecodeResult::Decoded:
@@ -39,16 +40,17 @@ QImage decode(const QString& path, QSize atLeast) {
     const QByteArray format = reader.format();
     if (format != "bmp" && format != "gif" && format != "jpeg" && format != "jpg")
         throw RunTimeError::InvalidPicture(path);
+    if ((format == "bmp" && BmpCutShort(data)) || (format == "gif" && GifCutShort(data)))
+        throw RunTimeError::InvalidPicture(path);
     image = reader.read();
     if (image.isNull()) throw RunTimeError::InvalidPicture(path);
     return image;
 }
-} // namespace
 
 QImage LoadPicture(const QString& path) {
-    return decode(path, QSize(1 << 30, 1 << 30));
+    return DecodePicture(readAll(path), QSize(1 << 30, 1 << 30), path);
 }
 
 QImage LoadPictureAtLeast(const QString& path, QSize atLeast) {
-    return decode(path, atLeast);
+    return DecodePicture(readAll(path), atLeast, path);
 }

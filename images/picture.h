@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QImage>
 #include <QSize>
 #include <QString>
@@ -12,6 +13,9 @@ QImage LoadPicture(const QString& path);
 // The same, but a JPEG may come out smaller than its full size: decoded at the smallest scale
 // that is still at least `atLeast` on both sides. Other pictures come at full size.
 QImage LoadPictureAtLeast(const QString& path, QSize atLeast);
+
+// The decoding of LoadPictureAtLeast on a file's bytes; path only names the file in the error.
+QImage DecodePicture(const QByteArray& data, QSize atLeast, const QString& path);
 
 // The most memory one decoded picture may take; larger pictures count as unreadable.
 constexpr qint64 kMaxPictureBytes = 256ll * 1024 * 1024;

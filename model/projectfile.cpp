@@ -9,6 +9,8 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QSaveFile>
+#include <QTemporaryFile>
 #include <QtConcurrent/QtConcurrentMap>
 #include <filesystem>
 #include <system_error>
@@ -27,15 +29,27 @@ void createFolder(const QString& path) {
     throw RunTimeError::PathFileAccess(path);
 }
 
-// Copies over an existing file; a copy that fails is left out without a word.
+// Replaces a picture of the picture folder with a copy of a working picture. The copy is made
+// beside it under a temporary name and renamed over it once complete, so that a save cut short
+// (a full disk) leaves the picture the folder held. A file that cannot be written keeps what it
+// holds; a copy that fails is left out without a word.
 void copyReplacing(const QString& from, const QString& to) {
-    std::error_code ignored;
-    std::filesystem::copy_file(QFile::encodeName(from).toStdString(), QFile::encodeName(to).toStdString(),
-                               std::filesystem::copy_options::overwrite_existing, ignored);
+    const QFileInfo target(to);
+    if (target.exists() && (!target.isFile() || !target.isWritable())) return;
+    QTemporaryFile part(target.absolutePath() + QStringLiteral("/.") + target.fileName() +
+                        QStringLiteral(".XXXXXX"));
+    if (!part.open()) return;
+    part.close();
+    const std::filesystem::path partPath = QFile::encodeName(part.fileName()).toStdString();
+    std::error_code failed;
+    std::filesystem::copy_file(QFile::encodeName(from).toStdString(), partPath,
+                               std::filesystem::copy_options::overwrite_existing, failed);
+    if (failed) return;
+    std::filesystem::rename(partPath, QFile::encodeName(to).toStdString(), failed);
+    if (!failed) part.setAutoRemove(false);
 }
 
-QString projectText(const Project& project, int paneTotal, qint16 boardCount, qint16 gridSide,
-                    bool& pastLastPane) {
+QString projectText(const Project& project, int paneTotal, qint16 boardCount, qint16 gridSide) {
     QString text;
     text.reserve(64 + 48 * qBound(0, paneTotal, kMaxPane));
     const auto put = [&text](const QString& value) {
@@ -49,7 +63,6 @@ QString projectText(const Project& project, int paneTotal, qint16 boardCount, qi
     put(Str(project.GlobalHighlightColor));
     put(Str(project.MoveHighlightColor));
     put(project.BoardTitle);
-    pastLastPane = paneTotal > kMaxPane;
     for (int i = 1; i <= qMin(paneTotal, kMaxPane); ++i) {
         const Pane& pane = project.Panes(i);
         put(pane.SourceStem == kNone ? kNone : pictureName(pane.SourceStem, i));
@@ -87,14 +100,8 @@ struct ReadPosition {
     }
 };
 
-struct Header {
-    qint16 paneTotal = 0;
-    qint16 boardCount = 0;
-    qint16 gridSide = 0;
-};
-
 // What the last store of a line leaves in its target.
-void store(Project& project, Header& header, const ReadPosition& at, const QString& value) {
+void store(Project& project, ProjectFileHeader& header, const ReadPosition& at, const QString& value) {
     switch (at.line) {
     case 1: LastConvertingPrefix(value, header.paneTotal); return;
     case 2: LastConvertingPrefix(value, header.boardCount); return;
@@ -158,28 +165,35 @@ void SaveProjectFile(Project& project, const QString& name, const QString& path,
     // matter: they run side by side.
     QtConcurrent::blockingMap(copies, [](const std::pair<QString, QString>& c) { copyReplacing(c.first, c.second); });
 
-    bool pastLastPane = false;
-    const QByteArray bytes = ToAnsi(projectText(project, paneTotal, boardCount, gridSide, pastLastPane));
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
+    // The file is written under a temporary name beside it and takes the place of the old one
+    // only once it is complete: a save that fails half-way leaves the previous project as it was.
+    // Where no file can be made beside it (a folder closed to new files) it is written in place.
+    const QByteArray bytes = ProjectFileBytes(project, paneTotal, boardCount, gridSide);
+    QSaveFile file(path);
+    file.setDirectWriteFallback(true);
+    if (QFileInfo(path).isDir() || !file.open(QIODevice::WriteOnly)) {
         if (trapping) return;
         if (!folderOfExists(path)) throw RunTimeError::PathNotFound(path);
         throw RunTimeError::PathFileAccess(path);
     }
-    const bool written = file.write(bytes) == bytes.size();
-    file.close();
+    file.write(bytes);
+    // A disk that fills up can cut the write short without the write saying so: only a file of
+    // the full length takes the old one's place.
+    if (!file.flush() || file.size() != bytes.size()) file.cancelWriting();
+    const bool written = file.commit();
     if (trapping) return;
     if (!written) throw RunTimeError::PathFileAccess(path);
     // A pane total past the pool: the records up to pane 1000 are written, pane 1001 faults.
-    if (pastLastPane) throw RunTimeError::SubscriptOutOfRange();
+    if (paneTotal > kMaxPane) throw RunTimeError::SubscriptOutOfRange();
 }
 
-void LoadProjectFile(Project& project, const QString& path, const QString& folder, const QString& name) {
-    project.DialogReply2.ReDim(3);
-    const QByteArray bytes = readWholeFile(path);
+QByteArray ProjectFileBytes(const Project& project, qint16 paneTotal, qint16 boardCount, qint16 gridSide) {
+    return ToAnsi(projectText(project, paneTotal, boardCount, gridSide));
+}
 
-    // From here on nothing fails: what does not convert or does not fit is not stored.
-    Header header;
+ProjectFileHeader ParseProjectFile(Project& project, const QByteArray& bytes) {
+    // Nothing here fails: what does not convert or does not fit is not stored.
+    ProjectFileHeader header;
     ReadPosition at;
     qsizetype start = 0;
     while (at.pane <= kMaxPane) {
@@ -192,6 +206,12 @@ void LoadProjectFile(Project& project, const QString& path, const QString& folde
         at.nextLine();
         start = cr + 1;
     }
+    return header;
+}
+
+void LoadProjectFile(Project& project, const QString& path, const QString& folder, const QString& name) {
+    project.DialogReply2.ReDim(3);
+    const ProjectFileHeader header = ParseProjectFile(project, readWholeFile(path));
 
     project.DialogReply2[1] = Str(header.paneTotal);
     project.DialogReply2[2] = Str(header.boardCount);

@@ -21,12 +21,30 @@ void SetPathReply(ReplyList& reply, const QString& chosen);
 QString PictureFolder(const QString& folder, const QString& name);
 
 // Writes the picture folder (created when missing, never emptied) with a copy of the working
-// picture of every pane from 1 to 1000 that has one, then the project file at path.
+// picture of every pane from 1 to 1000 that has one, then the project file at path. Every file is
+// written under a temporary name and renamed into place when complete, the project file last, so
+// a save that fails half-way never leaves a picture or the project file cut short.
 // Until the first picture is copied a failure is a RunTimeError (76 when the folder is missing,
 // 75 otherwise); from then on failures are ignored: a picture that cannot be copied is left out,
 // and a project file that cannot be written is not written.
 void SaveProjectFile(Project& project, const QString& name, const QString& path, const QString& folder,
                      qint16 paneTotal, qint16 boardCount, qint16 gridSide);
+
+// The bytes of the project file that SaveProjectFile writes: panes 1 to the pane total, at most
+// to pane 1000.
+QByteArray ProjectFileBytes(const Project& project, qint16 paneTotal, qint16 boardCount, qint16 gridSide);
+
+// The header of a project file as the reader leaves it; 0 where a line stored nothing.
+struct ProjectFileHeader {
+    qint16 paneTotal = 0;
+    qint16 boardCount = 0;
+    qint16 gridSide = 0;
+};
+
+// What LoadProjectFile makes of a file's bytes, before the picture paths: the header, and the
+// values of the title, the footer, the colours and the panes stored into the model as described
+// below. Never fails, whatever the bytes.
+ProjectFileHeader ParseProjectFile(Project& project, const QByteArray& bytes);
 
 // Reads the project file at path into the model as the character-by-character reader does: each
 // line's value is stored after each of its characters, so the last store wins (for numbers, the

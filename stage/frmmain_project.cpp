@@ -71,9 +71,10 @@ void frmMain::OpenProject() {
         items << Format(i, "000") + QStringLiteral(". ") + project.Panes(i).Text;
     List1->addItems(items);
 
-    // A file that says its grid has no side cannot be laid out.
+    // A file that says its grid has no side, or a negative one, cannot be laid out.
     if (project.GridSide == 0) throw RunTimeError(11, QStringLiteral("Division by zero"));
     CellSize = CInt(StageSize / project.GridSide);
+    if (CellSize < 0) throw RunTimeError(380, QStringLiteral("Invalid property value"));
     {
         ProgressWindow progress(this, project, QStringLiteral("Opening project ..."));
         RebuildPaneImages(project, CellSize, progress.Callback());
