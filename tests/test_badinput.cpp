@@ -6,6 +6,7 @@
 #include "model/numbers.h"
 #include "model/projectfile.h"
 #include "model/runtimeerror.h"
+#include "support/check.h"
 #include "support/mainwindow.h"
 #include "support/testpictures.h"
 
@@ -16,22 +17,6 @@
 #include <sys/resource.h>
 
 namespace {
-template <typename F> int errorNumberOf(F&& f) {
-    try {
-        f();
-    } catch (const RunTimeError& e) {
-        return e.number();
-    }
-    return 0;
-}
-QByteArray readAll(const QString& path) {
-    QFile f(path);
-    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-}
-bool writeAll(const QString& path, const QByteArray& bytes) {
-    QFile f(path);
-    return f.open(QIODevice::WriteOnly) && f.write(bytes) == bytes.size();
-}
 QByteArray randomBytes(int size) {
     QByteArray bytes(size, '\0');
     QRandomGenerator generator(8);
@@ -49,7 +34,7 @@ QByteArray picture(const QString& ext, const QString& damage, const QString& scr
           : ext == "gif" ? WriteGif(image, scratch)
                          : WriteBmp(image, scratch)))
         qFatal("cannot write %s", qPrintable(scratch));
-    QByteArray bytes = readAll(scratch);
+    QByteArray bytes = ReadAll(scratch);
     const auto put = [&bytes](std::initializer_list<qsizetype> at, int value, bool bigEndian) {
         for (qsizetype i : at) {
             bytes[i + (bigEndian ? 1 : 0)] = char(value & 0xFF);
@@ -91,7 +76,7 @@ Run kv1(const QStringList& arguments) {
 // A user at work on whatever the window holds: the mouse over the board and a drag across it, the
 // next board, a shuffle and a text. The run-time error that stopped it, or 0.
 int walkTheBoards(frmMain& w) {
-    return errorNumberOf([&w] {
+    return ErrorNumberOf([&w] {
         const int far = int(w.StageSize) - 8;
         for (int at = 3; at < far; at += 29)
             w.picStage_MouseMove(Qt::NoButton, {}, at, (at * 7) % far);
@@ -140,15 +125,15 @@ void TestBadInput::brokenPictures() {
             // Alone: the run-time error, with the pane already pointing at the file and no
             // working picture made of it.
             const QString path = m.path(damage + "2." + ext);
-            QVERIFY(writeAll(path, picture(ext, damage, m.path("scratch." + ext))));
+            QVERIFY(WriteAll(path, picture(ext, damage, m.path("scratch." + ext))));
             m.prompts.answers << path;
             m.w->SelectedPane = 2;
-            QCOMPARE(path + Str(errorNumberOf([&] { m.w->mnu_LoadPicture_Click(); })), path + "481");
+            QCOMPARE(path + Str(ErrorNumberOf([&] { m.w->mnu_LoadPicture_Click(); })), path + "481");
             QCOMPARE(m.project.Panes(2).SourceFile + m.project.Panes(2).ImageFile, path + path);
             QVERIFY(QDir(m.project.WorkFolder).entryList({"*-0002.BMP"}).isEmpty());
 
             // Second of a sequence: the import halts there with its count.
-            QVERIFY(writeAll(m.path(damage + "1." + ext), picture(ext, "whole", m.path("scratch." + ext))));
+            QVERIFY(WriteAll(m.path(damage + "1." + ext), picture(ext, "whole", m.path("scratch." + ext))));
             m.prompts.answers << m.path(damage + "1." + ext);
             m.w->SelectedPane = 1;
             m.w->mnu_MassImage_Click();
@@ -190,12 +175,12 @@ void TestBadInput::handEditedProjectFiles() {
     };
     for (const Row& row : rows) {
         StartedMain m;
-        QVERIFY(writeAll(m.path("hand.kv1"), row.file) && QDir().mkpath(m.path("hand_Data")));
+        QVERIFY(WriteAll(m.path("hand.kv1"), row.file) && QDir().mkpath(m.path("hand_Data")));
         if (row.picture)
-            QVERIFY(writeAll(m.path("hand_Data/sky-0001.bmp"),
+            QVERIFY(WriteAll(m.path("hand_Data/sky-0001.bmp"),
                              picture("bmp", row.picture, m.path("scratch.bmp"))));
         m.prompts.answers << m.path("hand.kv1");
-        QCOMPARE(row.what + Str(errorNumberOf([&] { m.w->OpenProject(); })), row.what + Str(row.error));
+        QCOMPARE(row.what + Str(ErrorNumberOf([&] { m.w->OpenProject(); })), row.what + Str(row.error));
         QVERIFY(m.prompts.messages.isEmpty()); // no message of its own
 
         // kv1 answers in one line and copies or exports only what Kelvrin opens (info does not
@@ -215,7 +200,7 @@ void TestBadInput::handEditedProjectFiles() {
         if (row.file == nonAnsi) { // read and written in the same code page: saved again, the same file
             m.prompts.answers << m.path("again.kv1");
             m.w->SaveProject();
-            QCOMPARE(readAll(m.path("again.kv1")), nonAnsi);
+            QCOMPARE(ReadAll(m.path("again.kv1")), nonAnsi);
         }
         QCOMPARE(row.what + Str(walkTheBoards(*m.w)), row.what + Str(0));
     }
@@ -224,10 +209,10 @@ void TestBadInput::handEditedProjectFiles() {
 void TestBadInput::foldersThatCannotBeWritten() {
     StartedMain m;
     const QString plain = m.path("plain.txt"); // a file, so nothing can be made below it
-    QVERIFY(writeAll(plain, "text") && writeAll(m.path("q_Data"), "taken"));
+    QVERIFY(WriteAll(plain, "text") && WriteAll(m.path("q_Data"), "taken"));
     const auto save = [&m](const QString& path) {
         m.prompts.answers << path;
-        return errorNumberOf([&m] { m.w->SaveProject(); });
+        return ErrorNumberOf([&m] { m.w->SaveProject(); });
     };
     // Before a picture is copied nothing is trapped; afterwards a project file that cannot be
     // written is left out without a word.
@@ -257,7 +242,7 @@ void TestBadInput::foldersThatCannotBeWritten() {
     QVERIFY(QFileInfo::exists(m.path("s_001.htm")) && QFileInfo::exists(m.path("sky-001.JPG")));
 
     // kv1 refuses such targets, a missing project and a folder in one line.
-    QVERIFY(writeAll(m.path("ok.kv1"), header(4, 1, 2)));
+    QVERIFY(WriteAll(m.path("ok.kv1"), header(4, 1, 2)));
     for (const QStringList& command :
          {QStringList{"copy", m.path("ok.kv1"), plain + "/new.kv1"},
           QStringList{"export", m.path("ok.kv1"), plain + "/page.htm"},
@@ -277,7 +262,7 @@ void TestBadInput::saveOntoAFullDisk() {
     pane.ImageFile = folder + "sky-0001.BMP";
     QVERIFY(WriteBmp(SolidPicture(8, 8, Qt::red), pane.ImageFile));
     SaveProjectFile(p, "trip", file, folder, 4, 1, 2);
-    const QByteArray fileBefore = readAll(file), pictureBefore = readAll(copy);
+    const QByteArray fileBefore = ReadAll(file), pictureBefore = ReadAll(copy);
 
     // A larger picture and longer texts onto a disk that fills up after 1 KiB: the failures are
     // trapped once a copy was tried, and what was there stays whole.
@@ -286,20 +271,20 @@ void TestBadInput::saveOntoAFullDisk() {
         p.Panes(i).Text = QString(600, QLatin1Char('x'));
     const auto saveOnFullDisk = [&] {
         const FullDisk full(1024);
-        return errorNumberOf([&] { SaveProjectFile(p, "trip", file, folder, 4, 1, 2); });
+        return ErrorNumberOf([&] { SaveProjectFile(p, "trip", file, folder, 4, 1, 2); });
     };
     QCOMPARE(saveOnFullDisk(), 0);
-    QVERIFY(readAll(file) == fileBefore && readAll(copy) == pictureBefore);
+    QVERIFY(ReadAll(file) == fileBefore && ReadAll(copy) == pictureBefore);
     pane.ImageFile = kNone; // no picture, nothing trapped: the save's run-time error
     QCOMPARE(saveOnFullDisk(), 75);
-    QCOMPARE(readAll(file), fileBefore);
+    QCOMPARE(ReadAll(file), fileBefore);
     QCOMPARE(QDir(folder).entryList(QDir::Files | QDir::Hidden), (QStringList{"sky-0001.BMP", "trip.kv1"}));
     QCOMPARE(QDir(folder + "trip_Data").entryList(QDir::Files | QDir::Hidden), QStringList{"sky-0001.bmp"});
 
     // When it fits, the new file takes the old one's place, with the permissions of any new file.
     SaveProjectFile(p, "trip", file, folder, 4, 1, 2);
     QFile plain(folder + "plain");
-    QVERIFY(readAll(file) == ProjectFileBytes(p, 4, 1, 2) && plain.open(QIODevice::WriteOnly));
+    QVERIFY(ReadAll(file) == ProjectFileBytes(p, 4, 1, 2) && plain.open(QIODevice::WriteOnly));
     QCOMPARE(QFileInfo(file).permissions(), plain.permissions());
 }
 
