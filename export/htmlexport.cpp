@@ -79,8 +79,12 @@ bool ExportPanePictures(const Project& project, qint16 boardCount, qint16 gridSi
                 cDIBSection dib;
                 c.loaded = dib.Load(jobs[static_cast<size_t>(k)].source, nullptr);
                 if (!c.loaded) return c;
-                c.painted = QImage(dib.dib_width(), dib.dib_height(), QImage::Format_RGB32);
-                dib.PaintPicture(&c.painted, 0, 0, -1, -1, 0, 0, RasterOp::SrcCopy);
+                // The canvas is never shown; it ends holding the last picture, so only that one
+                // needs painting.
+                if (k + 1 == static_cast<int>(jobs.size())) {
+                    c.painted = QImage(dib.dib_width(), dib.dib_height(), QImage::Format_RGB32);
+                    dib.PaintPicture(&c.painted, 0, 0, -1, -1, 0, 0, RasterOp::SrcCopy);
+                }
                 c.encoded = EncodeJPG(dib, c.jpeg);
                 return c;
             },
@@ -93,7 +97,7 @@ bool ExportPanePictures(const Project& project, qint16 boardCount, qint16 gridSi
                     dib.Load(job.source, &prompts);
                     return ok = false;
                 }
-                canvas = c.painted;
+                if (!c.painted.isNull()) canvas = c.painted;
                 bool saved = c.encoded;
                 try {
                     if (saved) WriteJpegFile(c.jpeg, job.target);

@@ -45,8 +45,9 @@ inline const QString kSystemFailed =
     QStringLiteral("I encountered a low-level system error during this operation.");
 
 // Converts the working picture of every pane of the project's boards (1 to gridSide^2 x
-// boardCount) that has one to a JPEG beside the pages: loaded into a cDIBSection, painted onto
-// canvas (resized to it) and saved with SaveJPG. Panes without a picture get no file. Stops at
+// boardCount) that has one to a JPEG beside the pages: loaded into a cDIBSection, encoded as
+// SaveJPG does and written; canvas ends holding the last picture, painted from its section.
+// Panes without a picture get no file. Stops at
 // the first failure, tells it through prompts and returns false: a working picture that is not a
 // BMP ("Could not load bmp."), a JPEG that cannot be written (kImageSaveFailed), anything else
 // (kSystemFailed). progress, when given, sees each pane index before it is converted.

@@ -72,9 +72,48 @@ bool cDIBSection::LoadBmpData(const QByteArray& data) {
     return loadFrom(data, nullptr);
 }
 
+namespace {
+quint32 le32(const QByteArray& d, int at) {
+    return quint32(quint8(d[at])) | quint32(quint8(d[at + 1])) << 8 | quint32(quint8(d[at + 2])) << 16 |
+           quint32(quint8(d[at + 3])) << 24;
+}
+quint16 le16(const QByteArray& d, int at) {
+    return quint16(quint8(d[at]) | quint8(d[at + 1]) << 8);
+}
+
+// A BMP laid out exactly as the buffer is (24 bits, bottom-up, uncompressed, 4-byte rows), as
+// every working picture is: its rows can be taken as they stand. Zero when it is not one.
+qint64 plainRowsOffset(const QByteArray& d, qint32& width, qint32& height) {
+    if (d.size() < 54 || d[0] != 'B' || d[1] != 'M' || le32(d, 14) != 40 || le16(d, 26) != 1 ||
+        le16(d, 28) != 24 || le32(d, 30) != 0)
+        return 0;
+    width = static_cast<qint32>(le32(d, 18));
+    height = static_cast<qint32>(le32(d, 22));
+    const qint64 offset = le32(d, 10);
+    const qint64 stride = (3 * qint64(width) + 3) & ~qint64(3);
+    if (width <= 0 || height <= 0 || width > 65535 || height > 65535 || offset < 54 ||
+        offset + stride * height > d.size())
+        return 0;
+    return offset;
+}
+} // namespace
+
 bool cDIBSection::loadFrom(const QByteArray& data, Prompts* prompts) {
     CleanUp();
     if (!makeSurface()) return false;
+    qint32 plainWidth = 0, plainHeight = 0;
+    if (const qint64 offset = plainRowsOffset(data, plainWidth, plainHeight)) {
+        if (!CreateDIB(memoryDC_.get(), plainWidth, plainHeight, 3, dibHandle_)) {
+            dibHandle_.reset();
+            bitsPointer_ = nullptr;
+            memoryDC_.reset();
+            return false;
+        }
+        selectSection();
+        std::memcpy(bitsPointer_, data.constData() + offset,
+                    size_t(BytesPerScanLine()) * size_t(plainHeight));
+        return true;
+    }
     // The bytes are read as a BMP whatever the file's name says; anything else fails here, and so
     // does a BMP cut short, before its announced size is made.
     QImage loaded;
