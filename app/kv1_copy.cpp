@@ -7,17 +7,6 @@
 #include <QFileInfo>
 
 namespace {
-constexpr int kLargestCell = 4096;
-
-int cellOption(const ToolArguments& arguments) {
-    bool ok = false;
-    const int cell = arguments.option(QStringLiteral("--cell")).toInt(&ok);
-    if (!ok || cell < 1 || cell > kLargestCell)
-        throw UsageError(
-            QStringLiteral("--cell takes a whole number of pixels from 1 to %1").arg(kLargestCell));
-    return cell;
-}
-
 bool sameFile(const QString& a, const QString& b) {
     const QFileInfo x(a), y(b);
     return x.absoluteFilePath() == y.absoluteFilePath() ||
@@ -41,7 +30,7 @@ void checkWritten(const Project& project, const QString& file, const QString& pi
 }
 
 int runCopy(const ToolArguments& arguments) {
-    const int cell = cellOption(arguments);
+    const int cell = WholeOption(arguments, QStringLiteral("--cell"), 1, 4096);
     const QString target = QFileInfo(arguments.positional[1]).absoluteFilePath();
     if (!target.endsWith(QLatin1String(".kv1"), Qt::CaseInsensitive))
         throw UsageError(QStringLiteral("the new project's name must end in .kv1: ") +
@@ -86,7 +75,6 @@ ToolCommand CopyCommand() {
                            "picture again from the picture folder, and saves it as Save Project As\n"
                            "does: NEW.kv1 and its picture folder beside it. When pictures are\n"
                            "missing it names them and stops without writing NEW.kv1."),
-            {{QStringLiteral("--cell"), QStringLiteral("N"),
-              QStringLiteral("side of the pane pictures in pixels, 1 to 4096"), QStringLiteral("256")}},
+            {CellOption()},
             runCopy};
 }

@@ -21,23 +21,14 @@ public:
     QString AskSaveFile(const FileRequest&) override { return {}; }
 };
 
-int wholeOption(const ToolArguments& arguments, const QString& name, int low, int high) {
-    bool ok = false;
-    const int value = arguments.option(name).toInt(&ok);
-    if (!ok || value < low || value > high)
-        throw UsageError(
-            QStringLiteral("%1 takes a whole number from %2 to %3").arg(name).arg(low).arg(high));
-    return value;
-}
-
 bool given(const ToolArguments& arguments, const char* name) {
     return !arguments.option(QString::fromLatin1(name)).isEmpty();
 }
 
 int runExport(const ToolArguments& arguments) {
-    const int cell = wholeOption(arguments, QStringLiteral("--cell"), 1, 4096);
+    const int cell = WholeOption(arguments, QStringLiteral("--cell"), 1, 4096);
     HtmlExportOptions options;
-    options.GridIndex = wholeOption(arguments, QStringLiteral("--grid"), 2, 5) - 2;
+    options.GridIndex = WholeOption(arguments, QStringLiteral("--grid"), 2, 5) - 2;
     options.ScaleOption = given(arguments, "--small-screens") ? 0 : 1;
     const char* boxes[6] = {"--no-dock-labels", "--no-alt-labels", "--no-numbers",
                             "--no-url-borders", "--no-title",      "--no-footer"};
@@ -91,8 +82,7 @@ ToolCommand ExportCommand() {
                            "Export As Html does: pages PAGE_001.htm, PAGE_002.htm, ... linked by \"Next\",\n"
                            "and one JPEG per pane with a picture, all in PAGE.htm's folder. Without\n"
                            "options it uses the export window's defaults."),
-            {{QStringLiteral("--cell"), QStringLiteral("N"),
-              QStringLiteral("side of the pane pictures in pixels, 1 to 4096"), QStringLiteral("256")},
+            {CellOption(),
              {QStringLiteral("--grid"), QStringLiteral("N"),
               QStringLiteral("panes per side of a page, 2 to 5"), QStringLiteral("2")},
              flag("--small-screens", "scale panes for 640 x 480 (else 800 x 600, 1024 x 768)"),

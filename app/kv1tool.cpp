@@ -119,6 +119,20 @@ bool parse(const ToolCommand& command, const QStringList& arguments, ToolArgumen
 }
 } // namespace
 
+int WholeOption(const ToolArguments& arguments, const QString& name, int low, int high) {
+    bool ok = false;
+    const int value = arguments.option(name).toInt(&ok);
+    if (!ok || value < low || value > high)
+        throw UsageError(
+            QStringLiteral("%1 takes a whole number from %2 to %3").arg(name).arg(low).arg(high));
+    return value;
+}
+
+ToolOption CellOption() {
+    return {QStringLiteral("--cell"), QStringLiteral("N"),
+            QStringLiteral("side of the pane pictures in pixels, 1 to 4096"), QStringLiteral("256")};
+}
+
 void Print(const QString& text) {
     write(stdout, text);
 }

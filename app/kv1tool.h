@@ -50,6 +50,11 @@ public:
     QString message;
 };
 
+// The whole number an option holds, from low to high; a UsageError otherwise.
+int WholeOption(const ToolArguments& arguments, const QString& name, int low, int high);
+// "--cell N", the side of the pane pictures that a command builds.
+ToolOption CellOption();
+
 // Text for people on standard output; progress on standard error.
 void Print(const QString& text);
 void Report(const QString& text);

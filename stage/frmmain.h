@@ -127,6 +127,10 @@ public:
 
     // Pane list and texts.
     qint16 FillLists(qint16 gridSide, qint16 boardCount, float stageSize, bool reset);
+    // The pane list from pane 1 to total, with the panes' texts or all "ToUse"; the board
+    // chooser "Board 01" to boardCount, its first board selected (its click event follows).
+    void RefillPaneList(int total, bool withTexts);
+    void RefillBoardChooser(int boardCount);
     void List1_MouseDown(Qt::MouseButton button, Qt::KeyboardModifiers shift, int x, int y);
     void SwapItemText();
     void ResetItemText(bool all, int index);

@@ -1,6 +1,6 @@
 #include "stage/frmmain.h"
 
-#include "images/panebatch.h"
+#include "images/reshape.h"
 #include "model/numbers.h"
 #include "stage/progress.h"
 
@@ -12,31 +12,34 @@ QString itemText(int pane, const QString& text) {
 
 } // namespace
 
+void frmMain::RefillPaneList(int total, bool withTexts) {
+    QStringList items;
+    for (int n = 1; n <= total; ++n)
+        items << itemText(n, withTexts ? project.Panes(n).Text : kToUse);
+    List1->clear();
+    List1->addItems(items);
+}
+
+void frmMain::RefillBoardChooser(int boardCount) {
+    QStringList boards;
+    for (int b = 1; b <= boardCount; ++b)
+        boards << QStringLiteral("Board ") + Format(b, "00");
+    Combo_PageView->clear();
+    Combo_PageView->addItems(boards);
+    SetBoardIndex(0);
+}
+
 qint16 frmMain::FillLists(qint16 gridSide, qint16 boardCount, float stageSize, bool reset) {
     const qint16 cellSize = CInt(stageSize / gridSide);
-    const int total = Mul16(Mul16(gridSide, gridSide), boardCount);
-    if (!reset) {
-        {
-            ProgressWindow progress(this, project, QStringLiteral("Re-scaling pane pictures ..."));
-            StorePaneImages(project, 1, kMaxPane, cellSize, false, progress.Callback());
-        }
-        List1->clear();
-        for (int n = 1; n <= total; ++n)
-            List1->addItem(itemText(n, project.Panes(n).Text));
-    } else {
-        // Texts, labels and URLs stay in the records; the list shows them again when it is next
-        // rebuilt from the records.
-        for (int n = 0; n <= kMaxPane; ++n) {
-            ForgetPicture(project.Panes(n));
-        }
-        List1->clear();
-        for (int n = 1; n <= total; ++n)
-            List1->addItem(itemText(n, kToUse));
+    {
+        // Without a reset the pictures are rebuilt at the new size; with one they are forgotten,
+        // while texts, labels and URLs stay in the records (the list shows them again when it is
+        // next rebuilt from the records).
+        ProgressWindow progress(this, project, QStringLiteral("Re-scaling pane pictures ..."));
+        ReshapePanes(project, cellSize, reset, progress.Callback());
     }
-    Combo_PageView->clear();
-    for (int b = 1; b <= boardCount; ++b)
-        Combo_PageView->addItem(QStringLiteral("Board ") + Format(b, "00"));
-    SetBoardIndex(0);
+    RefillPaneList(Mul16(Mul16(gridSide, gridSide), boardCount), !reset);
+    RefillBoardChooser(boardCount);
     return cellSize;
 }
 

@@ -140,19 +140,7 @@ void frmMain::ChangeProject() {
 }
 
 void frmMain::ReshapeProject(qint16 gridSide, qint16 boardCount, float stageSize, bool discard) {
-    CellSize = CInt(stageSize / gridSide);
-    {
-        ProgressWindow progress(this, project, QStringLiteral("Re-scaling pane pictures ..."));
-        ReshapePanes(project, CellSize, discard, progress.Callback());
-    }
-    const int total = Mul16(Mul16(gridSide, gridSide), boardCount);
-    List1->clear();
-    for (int i = 1; i <= total; ++i)
-        List1->addItem(Format(i, "000") + QStringLiteral(". ") + (discard ? kToUse : project.Panes(i).Text));
-    Combo_PageView->clear();
-    for (int b = 1; b <= boardCount; ++b)
-        Combo_PageView->addItem(QStringLiteral("Board ") + Format(b, "00"));
-    SetBoardIndex(0);
+    CellSize = FillLists(gridSide, boardCount, stageSize, discard);
 }
 
 // Flips and blanking.

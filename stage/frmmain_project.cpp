@@ -57,19 +57,8 @@ void frmMain::OpenProject() {
     ReadProject(project, project.DialogReply[1], project.DialogReply[2], project.DialogReply[3]);
     project.IsBusy = true;
 
-    Combo_PageView->clear();
-    QStringList boards;
-    for (int b = 1; b <= project.BoardCount; ++b)
-        boards << QStringLiteral("Board ") + Format(b, "00");
-    Combo_PageView->addItems(boards);
-    SetBoardIndex(0);
-
-    List1->clear();
-    QStringList items;
-    const int total = PaneTotal(project);
-    for (int i = 1; i <= total; ++i)
-        items << Format(i, "000") + QStringLiteral(". ") + project.Panes(i).Text;
-    List1->addItems(items);
+    RefillBoardChooser(project.BoardCount);
+    RefillPaneList(PaneTotal(project), true);
 
     // A file that says its grid has no side, or a negative one, cannot be laid out.
     if (project.GridSide == 0) throw RunTimeError(11, QStringLiteral("Division by zero"));
