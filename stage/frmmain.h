@@ -1,5 +1,6 @@
 #pragma once
 
+#include "export/contactsheet.h"
 #include "model/project.h"
 #include "model/prompts.h"
 #include "stage/panelistwidget.h"
@@ -23,6 +24,8 @@ class frmHelp;
 class frmMsgBox;
 class frmAbout;
 class frmCloseUp;
+class frmSheet;
+class QPrinter;
 
 // The main window: the stage with the current board, the side panel with the board chooser,
 // the pane list and the edit row, and the menus. Its handlers read the controls and call the
@@ -72,6 +75,8 @@ public:
     QAction* mnu_SaveAs;
     QAction* mnu_ChangeProject;
     QAction* mnu_ExportHTML;
+    QAction* mnu_Print;
+    QAction* mnu_ExportPDF;
     QAction* mnu_Exit;
     QAction* mnu_BoardChangeProject;
     QAction* mnu_BoardOptions;
@@ -97,6 +102,7 @@ public:
     frmMsgBox* MsgBox;
     frmAbout* About;
     frmCloseUp* CloseUp;
+    frmSheet* Sheet;
 
     // Layout and stage state.
     qint16 LastWorkAreaWidth = 0;
@@ -108,6 +114,12 @@ public:
     bool DragActive = false;
     qint16 SkipNotice = 0; // the operation notice's opt-out for this run
     QString LastFileName;  // the path chosen last in a file dialog
+    QString ProjectFile;   // the project's file once opened or saved; names what is made from it
+
+    // Contact sheets (frmmain_sheets.cpp): the PDF's name offered first, and the painting of the
+    // sheet on a printer with a progress window that can cancel it.
+    QString SheetPdfName() const;
+    void PaintSheetOn(QPrinter& printer, const SheetOptions& options, QWidget* progressParent);
 
     // Layout.
     qint16 LayoutStage();
@@ -165,6 +177,8 @@ public:
     void mnu_SaveAs_Click();
     void mnu_ChangeProject_Click();
     void mnu_ExportHTML_Click();
+    void mnu_Print_Click();
+    void mnu_ExportPDF_Click();
     void mnu_Exit_Click();
     void mnu_BoardOptions_Click();
     void mnu_RandomShuffle_Click();

@@ -46,6 +46,7 @@ void frmMain::SaveProject() {
     if (project.DialogReply[1] == kNone) return;
     SaveProjectFile(project, project.DialogReply[3], project.DialogReply[1], project.DialogReply[2],
                     paneTotal, boards, project.GridSide);
+    ProjectFile = project.DialogReply[1];
 }
 
 void frmMain::OpenProject() {
@@ -55,6 +56,7 @@ void frmMain::OpenProject() {
     picStage->ClearPicture();
 
     ReadProject(project, project.DialogReply[1], project.DialogReply[2], project.DialogReply[3]);
+    ProjectFile = project.DialogReply[1];
     project.IsBusy = true;
 
     RefillBoardChooser(project.BoardCount);
