@@ -13,6 +13,8 @@
 //   kelvrin_bench save OUT                      Save Project As of that project, to a new folder
 //   kelvrin_bench open OUT [--cell N]           Open Project of OUT/trip.kv1, pictures rebuilt
 //   kelvrin_bench export OUT                    pages and JPEGs of the 1000 panes, to a new folder
+//   kelvrin_bench pdf DIR OUT                   the contact sheet PDF of 1000 panes whose pictures
+//                                               are DIR's frames, a board a page, to a new folder
 //
 // Each measuring command prints "seconds <s>" and "peak-rss <KiB>".
 #include "corpus.h"
@@ -21,6 +23,7 @@
 #include "images/paneimage.h"
 #include "images/sequence.h"
 #include "export/htmlexport.h"
+#include "export/sheetpainter.h"
 #include "export/htmlwords.h"
 #include "model/numbers.h"
 #include "model/project.h"
@@ -238,6 +241,17 @@ int exportProject(const Args& a) {
     report(t.nsecsElapsed() / 1e9);
     return ok ? 0 : 1;
 }
+int pdf(const Args& a) {
+    Project project;
+    loadBuiltProject(project, a.out);
+    assignFrames(project, frameFiles(a.dir), kMaxPane);
+    const QString folder = freshFolder(a.out, "pdf");
+    QElapsedTimer t;
+    t.start();
+    const SheetResult result = WriteSheetPdf(folder + QStringLiteral("sheet.pdf"), project, SheetOptions{});
+    report(t.nsecsElapsed() / 1e9);
+    return result.complete && result.missing.isEmpty() ? 0 : 1;
+}
 } // namespace
 
 int main(int argc, char** argv) {
@@ -269,7 +283,8 @@ int main(int argc, char** argv) {
         {QStringLiteral("make-project"), makeProject},
         {QStringLiteral("save"), save},
         {QStringLiteral("open"), open},
-        {QStringLiteral("export"), exportProject}};
+        {QStringLiteral("export"), exportProject},
+        {QStringLiteral("pdf"), pdf}};
     const auto it = commands.find(a.command);
     if (it == commands.end() || a.dir.isEmpty()) {
         std::fprintf(stderr, "usage: kelvrin_bench COMMAND DIR [OUT] [options] (see bench/bench.cpp)\n");
