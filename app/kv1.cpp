@@ -14,8 +14,7 @@ QList<ToolCommand> Kv1Commands() {
 namespace {
 // kv1 tells what went wrong in its own words; the offscreen platform's notes are noise there.
 void quietWarnings(QtMsgType type, const QMessageLogContext&, const QString& message) {
-    if (type == QtCriticalMsg || type == QtFatalMsg)
-        std::fprintf(stderr, "kv1: %s\n", qPrintable(message));
+    if (type == QtCriticalMsg || type == QtFatalMsg) std::fprintf(stderr, "kv1: %s\n", qPrintable(message));
 }
 } // namespace
 

@@ -84,8 +84,8 @@ frmSheet::frmSheet(const Project& project, QWidget* parent) : QDialog(parent), p
         paperChosen_ = true;
         UpdatePreview();
     });
-    for (QAbstractButton* b : std::initializer_list<QAbstractButton*>{Option_Landscape, Check_Texts, Check_Labels,
-                                                                      Check_Urls, Check_Numbers})
+    for (QAbstractButton* b : std::initializer_list<QAbstractButton*>{
+             Option_Landscape, Check_Texts, Check_Labels, Check_Urls, Check_Numbers})
         connect(b, &QAbstractButton::toggled, this, [this] { UpdatePreview(); });
 }
 

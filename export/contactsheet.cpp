@@ -58,29 +58,25 @@ QFont SheetFont(SheetFontRole role) {
     font.setStyleStrategy(QFont::ForceOutline);
     // Any letter spacing turns ligatures off, so that a search in the PDF finds "fi" as two letters.
     font.setLetterSpacing(QFont::AbsoluteSpacing, 0.05);
-    int size = 80;
-    switch (role) {
-    case SheetFontRole::Title: size = 150, font.setBold(true); break;
-    case SheetFontRole::HeaderInfo: size = 85; break;
-    case SheetFontRole::Number: size = 78, font.setBold(true); break;
-    case SheetFontRole::Label: size = 76, font.setItalic(true); break;
-    case SheetFontRole::Text: size = 82; break;
-    case SheetFontRole::Url: size = 70; break;
-    case SheetFontRole::Footer: size = 76; break;
-    case SheetFontRole::Notice: size = 76; break;
-    }
-    font.setPixelSize(size);
+    struct Face {
+        int size;
+        bool bold, italic;
+    };
+    // By role: title, header info, number, label, text, URL, footer, notice.
+    static const Face faces[] = {{150, true, false}, {85, false, false}, {78, true, false},
+                                 {76, false, true},  {82, false, false}, {70, false, false},
+                                 {76, false, false}, {76, false, false}};
+    const Face& face = faces[static_cast<int>(role)];
+    font.setBold(face.bold);
+    font.setItalic(face.italic);
+    font.setPixelSize(face.size);
     return font;
 }
 
 QFont CaptionFont(CaptionBlock::Kind kind) {
-    switch (kind) {
-    case CaptionBlock::Number: return SheetFont(SheetFontRole::Number);
-    case CaptionBlock::Label: return SheetFont(SheetFontRole::Label);
-    case CaptionBlock::Url: return SheetFont(SheetFontRole::Url);
-    case CaptionBlock::Text: break;
-    }
-    return SheetFont(SheetFontRole::Text);
+    static const SheetFontRole roles[] = {SheetFontRole::Number, SheetFontRole::Label, SheetFontRole::Text,
+                                          SheetFontRole::Url};
+    return SheetFont(roles[kind]);
 }
 
 QList<CaptionBlock> CaptionBlocks(const Project& project, int pane, const SheetOptions& options) {
@@ -130,21 +126,16 @@ double MeasureCaption(const QList<CaptionBlock>& blocks, double width) {
 }
 
 QPageSize::PageSizeId LocaleSheetPaper() {
-    return QLocale::system().measurementSystem() == QLocale::ImperialUSSystem ? QPageSize::Letter : QPageSize::A4;
+    return QLocale::system().measurementSystem() == QLocale::ImperialUSSystem ? QPageSize::Letter
+                                                                              : QPageSize::A4;
 }
 
 QSize SheetGrid(const Project& project, const SheetOptions& options) {
     if (options.perPage <= 0) return {project.GridSide, project.GridSide};
-    QSize portrait;
-    switch (options.perPage) {
-    case 1: portrait = {1, 1}; break;
-    case 2: portrait = {1, 2}; break;
-    case 3: portrait = {1, 3}; break;
-    case 4: portrait = {2, 2}; break;
-    case 6: portrait = {2, 3}; break;
-    case 9: portrait = {3, 3}; break;
-    default: portrait = {3, 4}; break;
-    }
+    // Columns and rows on a portrait page, in the choices' order; a choice not offered gets one.
+    static const QSize grids[] = {{1, 1}, {1, 2}, {1, 3}, {2, 2}, {2, 3}, {3, 3}, {3, 4}};
+    const int choice = qMax(1, int(kSheetPerPageChoices.indexOf(options.perPage)));
+    const QSize portrait = grids[choice - 1];
     return options.landscape ? portrait.transposed() : portrait;
 }
 
@@ -154,14 +145,16 @@ QString SheetPageSubject(const SheetPage& page) {
                               : QStringLiteral("Board %1").arg(page.board);
     if (page.cells.isEmpty()) return QString();
     const int first = page.cells.first().pane, last = page.cells.last().pane;
-    return first == last ? QStringLiteral("Pane %1").arg(first) : QStringLiteral("Panes %1 to %2").arg(first).arg(last);
+    return first == last ? QStringLiteral("Pane %1").arg(first)
+                         : QStringLiteral("Panes %1 to %2").arg(first).arg(last);
 }
 
 SheetLayout LayOutSheet(const Project& project, const SheetOptions& options, QSizeF page,
                         const CaptionHeight& captionHeight) {
-    const CaptionHeight measure = captionHeight ? captionHeight : [&project, &options](int pane, double width) {
-        return MeasureCaption(CaptionBlocks(project, pane, options), width);
-    };
+    const CaptionHeight measure =
+        captionHeight ? captionHeight : [&project, &options](int pane, double width) {
+            return MeasureCaption(CaptionBlocks(project, pane, options), width);
+        };
     SheetLayout layout;
     layout.page = page;
     layout.header = QRectF(0, 0, page.width(), kHeaderHeight);
@@ -177,7 +170,9 @@ SheetLayout LayOutSheet(const Project& project, const SheetOptions& options, QSi
 
     // Room kept under every picture for a caption of usual length: the number, a line of label,
     // two lines of text and a line of URL, as chosen.
-    const auto lineOf = [](CaptionBlock::Kind kind) { return BlockHeight({kind, QStringLiteral("Xg")}, 1e6); };
+    const auto lineOf = [](CaptionBlock::Kind kind) {
+        return BlockHeight({kind, QStringLiteral("Xg")}, 1e6);
+    };
     double reserve = 0;
     const auto keep = [&reserve](double h) { reserve += (reserve > 0 ? kCaptionBlockGap : 0) + h; };
     if (options.numbers) keep(lineOf(CaptionBlock::Number));

@@ -21,14 +21,14 @@ class QTextDocument;
 constexpr double kSheetUnitsPerInch = 720.0;
 
 struct SheetOptions {
-    int perPage = 0;                   // panes per page: 1, 2, 3, 4, 6, 9 or 12; 0 a board per page
+    int perPage = 0; // panes per page: 1, 2, 3, 4, 6, 9 or 12; 0 a board per page
     bool landscape = false;
     QPageSize::PageSizeId paper = QPageSize::A4;
-    bool texts = true;                 // each pane's text under its picture
+    bool texts = true; // each pane's text under its picture
     bool labels = false;
-    bool urls = false;                 // as links in a PDF
+    bool urls = false; // as links in a PDF
     bool numbers = true;
-    int dpi = 300;                     // the pictures' resolution on paper
+    int dpi = 300; // the pictures' resolution on paper
 };
 
 // Letter where the locale measures in inches, A4 elsewhere.
@@ -41,14 +41,14 @@ inline const QList<int> kSheetPerPageChoices = {0, 1, 2, 3, 4, 6, 9, 12};
 QSize SheetGrid(const Project& project, const SheetOptions& options);
 
 struct SheetCell {
-    int pane = 0;    // the pane's index, which is also its number
-    QRectF picture;  // the box the picture is fitted into, at its top and centred
-    QRectF caption;  // number, label, text and URL: its lowest place, right under the box
+    int pane = 0;   // the pane's index, which is also its number
+    QRectF picture; // the box the picture is fitted into, at its top left corner
+    QRectF caption; // number, label, text and URL: its lowest place, right under the box
 };
 
 struct SheetPage {
-    int board = 0;           // the board on this page when a page shows a board, else 0
-    bool continued = false;  // a board's rows that did not fit on its first page
+    int board = 0;          // the board on this page when a page shows a board, else 0
+    bool continued = false; // a board's rows that did not fit on its first page
     QList<SheetCell> cells;
 };
 

@@ -58,11 +58,11 @@ void drawBlock(QPainter& painter, const CaptionBlock& block, QPointF at, double 
     layout.draw(&painter, at);
 }
 
-// The whole picture inside the box, as large as fits, centred at the box's top: its caption
-// follows right under it.
+// The whole picture inside the box, as large as fits, in the box's top left corner: it lines up
+// with its caption, which follows right under it.
 QRectF fitted(QSizeF picture, const QRectF& box) {
     const QSizeF size = picture.scaled(box.size(), Qt::KeepAspectRatio);
-    return QRectF(box.left() + (box.width() - size.width()) / 2, box.top(), size.width(), size.height());
+    return QRectF(box.topLeft(), size);
 }
 
 QSize pixelsOf(QSizeF box, int dpi) {
@@ -72,7 +72,8 @@ QSize pixelsOf(QSizeF box, int dpi) {
 } // namespace
 
 QPageLayout SheetPageLayout(const SheetOptions& options) {
-    return QPageLayout(QPageSize(options.paper), options.landscape ? QPageLayout::Landscape : QPageLayout::Portrait,
+    return QPageLayout(QPageSize(options.paper),
+                       options.landscape ? QPageLayout::Landscape : QPageLayout::Portrait,
                        QMarginsF(12, 12, 12, 12), QPageLayout::Millimeter);
 }
 
@@ -82,7 +83,7 @@ QSizeF SheetPageSize(const QPageLayout& pageLayout) {
 
 SheetPicture PrepareSheetPicture(const Pane& pane, QSizeF box, int dpi) {
     const QSize pixels = pixelsOf(box, dpi);
-    OutputPicture picture = LoadOutputPicture(pane, pixels);
+    OutputPicture picture = LoadOutputPictureToFit(pane, pixels);
     SheetPicture out;
     out.missing = picture.missing;
     if (picture.image.isNull()) return out;
@@ -121,7 +122,8 @@ void PaintSheetFrame(QPainter& painter, const Project& project, const SheetLayou
     drawLine(painter, small, pageText, band, Qt::AlignRight);
     if (IsSet(project.FooterText)) {
         painter.setPen(kInk);
-        drawLine(painter, small, project.FooterText, band.adjusted(0, 0, -(pageWidth + 200), 0), Qt::AlignLeft);
+        drawLine(painter, small, project.FooterText, band.adjusted(0, 0, -(pageWidth + 200), 0),
+                 Qt::AlignLeft);
     }
     painter.restore();
 }
@@ -139,7 +141,8 @@ void PaintSheetCell(QPainter& painter, const Project& project, const SheetOption
         painter.drawRect(box);
     } else if (box.height() > 0) {
         // A blank pane is an empty frame with its number; a picture that cannot be read says so.
-        painter.setPen(QPen(picture.missing ? kRule : kFaint, kHairline * 2, picture.missing ? Qt::SolidLine : Qt::DashLine));
+        painter.setPen(QPen(picture.missing ? kRule : kFaint, kHairline * 2,
+                            picture.missing ? Qt::SolidLine : Qt::DashLine));
         painter.setBrush(Qt::NoBrush);
         painter.drawRect(box);
         QFont big = SheetFont(SheetFontRole::Title);
@@ -147,7 +150,8 @@ void PaintSheetCell(QPainter& painter, const Project& project, const SheetOption
         painter.setPen(picture.missing ? kGrey : kFaint);
         QRectF numberBox = box;
         if (picture.missing) numberBox.setBottom(box.center().y() + big.pixelSize() * 0.2);
-        drawLine(painter, big, QString::number(cell.pane), numberBox.adjusted(20, 0, -20, 0), Qt::AlignHCenter);
+        drawLine(painter, big, QString::number(cell.pane), numberBox.adjusted(20, 0, -20, 0),
+                 Qt::AlignHCenter);
         if (picture.missing) {
             const QFont notice = SheetFont(SheetFontRole::Notice);
             const QRectF below(box.left() + 20, box.center().y() + big.pixelSize() * 0.25, box.width() - 40,
@@ -172,7 +176,8 @@ SheetResult PaintSheet(QPagedPaintDevice& device, const Project& project, const 
         result.error = QStringLiteral("the page could not be started");
         return result;
     }
-    painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform | QPainter::TextAntialiasing);
+    painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform |
+                           QPainter::TextAntialiasing);
     painter.scale(device.logicalDpiX() / kSheetUnitsPerInch, device.logicalDpiY() / kSheetUnitsPerInch);
 
     struct Job {
@@ -218,8 +223,9 @@ SheetResult WriteSheetPdf(const QString& path, const Project& project, const She
     SheetResult result;
     QSaveFile file(path);
     if (QFileInfo(path).isDir() || !file.open(QIODevice::WriteOnly)) {
-        result.error = QStringLiteral("%1 cannot be written: %2")
-                           .arg(path, QFileInfo(path).isDir() ? QStringLiteral("it is a folder") : file.errorString());
+        result.error =
+            QStringLiteral("%1 cannot be written: %2")
+                .arg(path, QFileInfo(path).isDir() ? QStringLiteral("it is a folder") : file.errorString());
         return result;
     }
     {
@@ -248,7 +254,8 @@ QImage PreviewSheetPage(const Project& project, const SheetOptions& options, int
     const SheetLayout layout = LayOutSheet(project, options, SheetPageSize(pageLayout));
     if (page < 0 || page >= layout.pages.size()) return image;
     QPainter painter(&image);
-    painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform | QPainter::TextAntialiasing);
+    painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform |
+                           QPainter::TextAntialiasing);
     painter.translate(paint.left() * scale, paint.top() * scale);
     painter.scale(scale * 72 / kSheetUnitsPerInch, scale * 72 / kSheetUnitsPerInch);
     PaintSheetFrame(painter, project, layout, page);

@@ -5,8 +5,8 @@
 #include <QImage>
 #include <QList>
 #include <QPageLayout>
-#include <QPainter>
 #include <QPagedPaintDevice>
+#include <QPainter>
 #include <functional>
 
 // Drawing contact sheets laid out by LayOutSheet, on any paged device (a printer, a PDF writer)
@@ -35,9 +35,9 @@ void PaintSheetCell(QPainter& painter, const Project& project, const SheetOption
 using SheetProgress = std::function<bool(int, int)>;
 
 struct SheetResult {
-    bool complete = false;    // false when cancelled or failed
-    QString error;            // why it failed, empty when it did not or was cancelled
-    QList<int> missing;       // panes whose picture could not be read, drawn as "picture missing"
+    bool complete = false; // false when cancelled or failed
+    QString error;         // why it failed, empty when it did not or was cancelled
+    QList<int> missing;    // panes whose picture could not be read, drawn as "picture missing"
 };
 
 // Paints every page of the layout on the device, which must already have the layout's page.

@@ -7,6 +7,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QPaintEngine>
 #include <QPrintPreviewDialog>
 #include <QPrinter>
 
@@ -20,6 +21,10 @@ void frmMain::PaintSheetOn(QPrinter& printer, const SheetOptions& options, QWidg
     // The preview's own page settings (its orientation buttons) lay the pages out.
     SheetOptions onPrinter = options;
     onPrinter.landscape = printer.pageLayout().orientation() == QPageLayout::Landscape;
+    // The preview keeps every page in memory as a recording: it gets screen-sized pictures, the
+    // printout itself (painted again when the preview prints) the sheet's resolution.
+    if (printer.paintEngine() && printer.paintEngine()->type() == QPaintEngine::Picture)
+        onPrinter.dpi = qMin(onPrinter.dpi, 120);
     const SheetLayout layout = LayOutSheet(project, onPrinter, SheetPageSize(printer.pageLayout()));
     ProgressWindow progress(progressParent, project, QStringLiteral("Printing the contact sheet ..."), true);
     PaintSheet(printer, project, onPrinter, layout, progress.CancellableCallback());
@@ -59,15 +64,16 @@ void frmMain::mnu_ExportPDF_Click() {
     }
     unsetCursor();
     if (!result.error.isEmpty()) {
-        prompts.Message(QStringLiteral("The PDF was not written: %1.").arg(result.error), MsgIcon::Exclamation,
-                        QStringLiteral("Kelvrin"));
+        prompts.Message(QStringLiteral("The PDF was not written: %1.").arg(result.error),
+                        MsgIcon::Exclamation, QStringLiteral("Kelvrin"));
     } else if (result.complete && !result.missing.isEmpty()) {
         QStringList panes;
         for (int pane : result.missing)
             panes << QString::number(pane);
-        prompts.Message(QStringLiteral("The PDF was written. These panes' pictures could not be read and show "
-                                       "\"picture missing\": %1.")
-                            .arg(panes.join(QStringLiteral(", "))),
-                        MsgIcon::Information, QStringLiteral("Kelvrin"));
+        prompts.Message(
+            QStringLiteral("The PDF was written. These panes' pictures could not be read and show "
+                           "\"picture missing\": %1.")
+                .arg(panes.join(QStringLiteral(", "))),
+            MsgIcon::Information, QStringLiteral("Kelvrin"));
     }
 }
