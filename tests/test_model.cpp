@@ -2,11 +2,12 @@
 // bytes on saving, what the reader makes of every kind of file, round trips with pictures, and
 // the Save Project As / Open Project flows of the main window.
 #include "dialogs/frmhtml.h"
+#include "flows/projectopen.h"
+#include "flows/projectsave.h"
 #include "model/ansi.h"
 #include "model/linevalue.h"
 #include "model/numbers.h"
 #include "model/projectfile.h"
-#include "model/projectopen.h"
 #include "support/mainwindow.h"
 
 #include <QRandomGenerator>
