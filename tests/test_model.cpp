@@ -301,7 +301,7 @@ private slots:
         m.w->mnu_OpenProject->trigger();
         QCOMPARE(m.prompts.requests[1].title + m.prompts.requests[1].folder,
                  "Load Project ..." + m.dir.path());
-        QCOMPARE(m.project.DialogReply[2] + "|" + m.project.DialogReply[3], folder + "|hand");
+        QCOMPARE(Joined(m.project.DialogReply[2], m.project.DialogReply[3]), Joined(folder, "hand"));
         QVERIFY(m.w->Combo_PageView->count() == 2 && m.w->List1->count() == 18 && !m.project.IsBusy);
         QCOMPARE(m.w->Combo_PageView->itemText(1) + m.w->List1->item(1)->text() +
                      m.w->List1->item(17)->text(),
