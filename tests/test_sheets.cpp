@@ -391,14 +391,9 @@ private slots:
         QVERIFY(run(KV1_EXECUTABLE, {"--help"}).out.contains("kv1 pdf PROJECT.kv1 OUT.pdf [OPTIONS]"));
     }
 
-    // The File menu's new commands, the window's choices and the flows behind them.
+    // Print and Export As PDF, the window's choices and the flows behind them.
     void fileMenuCommands() {
-        StartedMain m;
-        QStringList items;
-        for (QAction* a : m.w->mnu_File->actions())
-            items << (a->isSeparator() ? QString("-") : a->text());
-        QCOMPARE(items, (QStringList{"Open Project", "Save Project As", "Change Project", "-",
-                                     "Export As Html", "-", "Print ...", "Export As PDF ...", "-", "Exit"}));
+        StartedMain m; // the menu's order is checked with every other menu's at start-up
         QCOMPARE(m.w->mnu_Print->shortcut(), QKeySequence("Ctrl+P"));
 
         m.project.BoardTitle = "Trip";
