@@ -59,8 +59,9 @@ private slots:
         m.prompts.answers.enqueue(first);
         m.w->mnu_MassImage_Click();
 
-        QCOMPARE(m.prompts.requests[0].title + "|" + m.prompts.requests[0].filter,
-                 "Mass Image Import ...|Formats (*.Bmp *.Gif *.Jpg)|*.Bmp;*.Gif;*.Jpg");
+        QCOMPARE(m.prompts.requests[0].title, "Mass Image Import ...");
+        QCOMPARE(DialogFilters(m.prompts.requests[0].filter),
+                 QStringList({"Formats (*.Bmp *.Gif *.Jpg)", "All pictures (*.Bmp *.Gif *.Jpg *.Png)"}));
         const Pane& second = m.project.Panes(2);
         QCOMPARE(Joined(second.SourceStem, second.SourceFile, second.ImageFile),
                  Joined("Vanto", m.path("Vanto06.JPG"), m.project.WorkFolder + "/Vanto-0002.BMP"));
@@ -71,6 +72,40 @@ private slots:
         QCOMPARE(m.prompts.messages.size(), 1);
         QCOMPARE(m.prompts.messages[0].title + "|" + m.prompts.messages[0].text,
                  "Kelvrin : Import|I found 2" + kTruncation);
+    }
+
+    void pngSequences() {
+        StartedMain m;
+        const auto png = [&m](const QString& name, const QColor& colour) {
+            QVERIFY(WritePng(SolidPicture(30, 20, colour), m.path(name)));
+        };
+        // Zero-padded from pane 1, plain numbers past a new digit from pane 5.
+        png("Shot01.png", Qt::red), png("Shot02.png", Qt::green), png("Shot03.png", Qt::blue);
+        png("Take9.png", Qt::cyan), png("Take10.png", Qt::magenta), png("Take11.png", Qt::yellow);
+        m.prompts.answers.enqueue(m.path("Shot01.png"));
+        m.w->mnu_MassImage_Click();
+        QCOMPARE(lastMessage(m), "I found 3" + kTruncation);
+        m.w->SelectedPane = 5;
+        m.prompts.answers.enqueue(m.path("Take9.png"));
+        m.w->mnu_MassImage_Click();
+        QCOMPARE(lastMessage(m), "I found 3" + kTruncation);
+
+        const struct {
+            int pane;
+            const char *stem, *file;
+            QColor colour;
+        } expected[] = {{1, "Shot", "Shot01.png", Qt::red},   {3, "Shot", "Shot03.png", Qt::blue},
+                        {5, "Take", "Take9.png", Qt::cyan},   {6, "Take", "Take10.png", Qt::magenta},
+                        {7, "Take", "Take11.png", Qt::yellow}};
+        for (const auto& e : expected) {
+            const Pane& pane = m.project.Panes(e.pane);
+            QCOMPARE(pane.SourceStem, e.stem);
+            QCOMPARE(pane.SourceFile, m.path(e.file));
+            const QImage stored(pane.ImageFile);
+            QCOMPARE(stored.width(), qRound(m.w->CellSize));
+            QCOMPARE(stored.pixelColor(2, 2), e.colour);
+        }
+        QCOMPARE(m.project.Panes(4).SourceFile, QString(kNone));
     }
 
     void countMessageAndRefusedNames() {

@@ -1,0 +1,243 @@
+// Kelvrin among the other programs of the desktop: pictures and projects dropped from a file
+// manager, a project named on the command line, and the File menu's recent projects.
+#include "images/picturefiles.h"
+#include "model/recentprojects.h"
+#include "support/mainwindow.h"
+
+#include <QDragEnterEvent>
+#include <QDropEvent>
+#include <QMimeData>
+
+namespace {
+QMimeData* filesData(const QStringList& paths) {
+    auto* data = new QMimeData;
+    QList<QUrl> urls;
+    for (const QString& path : paths)
+        urls << (path.contains("://") ? QUrl(path) : QUrl::fromLocalFile(path));
+    data->setUrls(urls);
+    return data;
+}
+
+// Files dragged from another program over a point of a widget of the window, as the window system
+// sends them: whether the window takes the drag when it enters.
+// The events go where the window system sends them: to the widget itself when it takes drops of
+// its own, otherwise to the window.
+QWidget* dropTarget(frmMain& w, QWidget* over) {
+    return over->acceptDrops() ? over : static_cast<QWidget*>(&w);
+}
+bool dragOver(frmMain& w, QWidget* over, const QStringList& paths, QPoint at) {
+    const std::unique_ptr<QMimeData> data(filesData(paths));
+    QWidget* target = dropTarget(w, over);
+    QDragEnterEvent enter(over->mapTo(target, at), Qt::CopyAction | Qt::MoveAction, data.get(),
+                          Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(target, &enter);
+    return enter.isAccepted();
+}
+
+// The same drag let go there; the work the drop starts is done before this returns. Whether the
+// window took the drop.
+bool dropOn(frmMain& w, QWidget* over, const QStringList& paths, QPoint at) {
+    const std::unique_ptr<QMimeData> data(filesData(paths));
+    dragOver(w, over, paths, at);
+    QWidget* target = dropTarget(w, over);
+    QDropEvent drop(over->mapTo(target, at), Qt::CopyAction | Qt::MoveAction, data.get(), Qt::LeftButton,
+                    Qt::NoModifier);
+    QCoreApplication::sendEvent(target, &drop);
+    QCoreApplication::processEvents();
+    return drop.isAccepted();
+}
+
+QString picture(const StartedMain& m, const QString& name, const QColor& colour) {
+    const QString path = m.path(name);
+    const QImage image = SolidPicture(30, 30, colour);
+    const bool written = name.endsWith(".png") ? WritePng(image, path)
+                         : name.endsWith(".bmp") ? WriteBmp(image, path)
+                                                 : WriteJpeg(image, path);
+    if (!written) qFatal("cannot write %s", qPrintable(path));
+    return path;
+}
+
+// Saves the window's project under name through Save Project As; its path.
+QString saveAs(StartedMain& m, const QString& name) {
+    m.prompts.answers.enqueue(m.path(name));
+    m.w->SaveProject();
+    return m.path(name);
+}
+
+QStringList recentEntries(const frmMain& w, bool enabledOnly = false) {
+    QStringList entries;
+    for (QAction* a : w.mnu_OpenRecent->actions())
+        if (!a->isSeparator() && a != w.mnu_ClearRecent && (!enabledOnly || a->isEnabled()))
+            entries << a->data().toString();
+    return entries;
+}
+} // namespace
+
+class TestDesktop : public QObject {
+    Q_OBJECT
+private slots:
+    void picturesLandInNaturalOrder() {
+        QCOMPARE(NaturalOrder({"/b/Shot10.png", "/a/Shot2.jpg", "/c/shot1.bmp", "/a/Shot02b.png", "/Shot010a.png",
+                               "/z/Shot10.png", "/Shot9.png"}),
+                 QStringList({"/c/shot1.bmp", "/a/Shot2.jpg", "/a/Shot02b.png", "/Shot9.png", "/b/Shot10.png",
+                              "/z/Shot10.png", "/Shot010a.png"}));
+
+        StartedMain m;
+        const QString ten = picture(m, "Shot10.png", Qt::blue), one = picture(m, "shot1.bmp", Qt::red),
+                      two = picture(m, "Shot2.jpg", Qt::green);
+        const QPoint cell2 = m.centre(2);
+        // While the files are over pane 2, it wears the hover frame.
+        QVERIFY(dragOver(*m.w, m.w->picStage, {ten, one, two}, cell2));
+        const QPoint frame(m.project.Panes(2).Position[0] + 2, cell2.y());
+        QCOMPARE(m.w->picStage->Picture.pixelColor(frame), QColor(0, 255, 0));
+        QDragLeaveEvent leave;
+        QCoreApplication::sendEvent(m.w.get(), &leave);
+        QVERIFY(m.w->picStage->Picture.pixelColor(frame) != QColor(0, 255, 0));
+
+        QVERIFY(dropOn(*m.w, m.w->picStage, {ten, one, two}, cell2));
+        const struct {
+            int pane;
+            QString stem, file;
+            QColor colour;
+        } expected[] = {{2, "shot1", one, Qt::red}, {3, "Shot2", two, Qt::green}, {4, "Shot10", ten, Qt::blue}};
+        for (const auto& e : expected) {
+            const Pane& pane = m.project.Panes(e.pane);
+            QCOMPARE(pane.SourceStem, e.stem);
+            QCOMPARE(pane.SourceFile, e.file);
+            QCOMPARE(pane.ImageFile, PaneImageName(m.project, e.pane));
+            // On the stage, redrawn.
+            QVERIFY2(Near(m.w->picStage->Picture.pixelColor(m.centre(e.pane)), e.colour, 8), qPrintable(e.stem));
+        }
+        QCOMPARE(m.project.Panes(1).SourceFile, QString(kNone));
+    }
+
+    void picturesStopAtPane1000() {
+        StartedMain m;
+        m.project.GridSide = 5;
+        m.project.BoardCount = 40;
+        m.w->ReshapeProject(5, 40, m.w->StageSize, true);
+        m.w->SetBoardIndex(39);
+        const QStringList files = {picture(m, "a1.jpg", Qt::red), picture(m, "a2.jpg", Qt::green),
+                                   picture(m, "a3.jpg", Qt::blue)};
+        QVERIFY(dropOn(*m.w, m.w->picStage, files, m.centre(24)));
+        QCOMPARE(m.project.Panes(999).SourceFile, files[0]);
+        QCOMPARE(m.project.Panes(1000).SourceFile, files[1]);
+        QCOMPARE(m.project.Panes(998).SourceFile, QString(kNone));
+        // The same list, loaded by the routine the drop uses, says how many panes it filled.
+        QCOMPARE(LoadPictureFiles(m.project, files, 1000, m.w->CellSize), 1);
+    }
+
+    void othersAreRefused() {
+        StartedMain m;
+        const QString jpg = picture(m, "p1.jpg", Qt::red);
+        QVERIFY(WriteAll(m.path("notes.txt"), "text"));
+        QVERIFY(WriteAll(m.path("trip.kv1"), "4\r\n1\r\n2\r\n"));
+        QVERIFY(QDir(m.dir.path()).mkdir("Frames.png"));
+        const struct {
+            const char* what;
+            QStringList files;
+            QWidget* over;
+        } refused[] = {
+            {"a text file", {m.path("notes.txt")}, m.w->picStage},
+            {"a picture with a text file", {jpg, m.path("notes.txt")}, m.w->picStage},
+            {"a picture with a project", {jpg, m.path("trip.kv1")}, m.w->picStage},
+            {"two projects", {m.path("trip.kv1"), m.path("trip.kv1")}, m.w->picStage},
+            {"a folder", {m.path("Frames.png")}, m.w->picStage},
+            {"a picture that is gone", {m.path("gone.png")}, m.w->picStage},
+            {"a picture from the web", {"https://example.org/p1.jpg"}, m.w->picStage},
+            {"a picture on the pane list", {jpg}, m.w->List1},
+            {"a picture on the text row", {jpg}, m.w->Text1},
+        };
+        for (const auto& r : refused) {
+            QVERIFY2(!dragOver(*m.w, r.over, r.files, QPoint(4, 4)), r.what);
+            QVERIFY2(!dropOn(*m.w, r.over, r.files, QPoint(4, 4)), r.what);
+        }
+        QCOMPARE(m.project.Panes(1).SourceFile, QString(kNone));
+        QCOMPARE(m.project.GridSide, 2);
+        // A project is taken anywhere on the window, the text row included.
+        QVERIFY(dragOver(*m.w, m.w->List1, {m.path("trip.kv1")}, QPoint(4, 4)));
+        QVERIFY(dragOver(*m.w, m.w->Text1, {m.path("trip.kv1")}, QPoint(4, 4)));
+        // While the program is busy nothing is taken.
+        m.project.IsBusy = true;
+        QVERIFY(!dragOver(*m.w, m.w->picStage, {jpg}, m.centre(1)));
+    }
+
+    void projectsFromTheDesktop() {
+        StartedMain saved;
+        saved.give(1, SolidPicture(20, 20, Qt::red), "sky");
+        saved.project.Panes(3).Text = "third";
+        const QString trip = saveAs(saved, "trip.kv1");
+
+        // Dropped on the window, and named on the command line, relative to the current folder.
+        StartedMain dropped, named;
+        QVERIFY(dropOn(*dropped.w, dropped.w->List1, {trip}, QPoint(4, 4)));
+        const QString current = QDir::currentPath();
+        QDir::setCurrent(saved.dir.path());
+        named.w->OpenProjectFromCommandLine("trip.kv1");
+        QDir::setCurrent(current);
+        for (StartedMain* m : {&dropped, &named}) {
+            QCOMPARE(m->project.Panes(1).SourceStem, "sky");
+            QCOMPARE(m->project.Panes(3).Text, "third");
+            QCOMPARE(m->w->List1->item(2)->text(), "003. third");
+            QVERIFY(QFileInfo::exists(m->project.Panes(1).ImageFile));
+            QCOMPARE(m->prompts.messages.size(), 0);
+            QCOMPARE(m->w->LastFileName, trip);
+        }
+
+        // A project that cannot be opened is reported as Open Project reports it; the program goes
+        // on with an empty project and takes pictures as before.
+        named.w->OpenProjectFromCommandLine(saved.path("gone.kv1"));
+        QCOMPARE(named.prompts.messages.size(), 1);
+        QVERIFY2(named.prompts.messages[0].text.startsWith("Run-time error '53':"),
+                 qPrintable(named.prompts.messages[0].text));
+        QCOMPARE(named.prompts.messages[0].title, "Kelvrin");
+        QCOMPARE(named.project.Panes(1).SourceFile, QString(kNone));
+        QCOMPARE(named.project.Panes(3).Text, QString(kToUse));
+        QCOMPARE(ItemsOf(named.w->Combo_PageView), QStringList({"Board 01"}));
+        QCOMPARE(ItemsOf(named.w->List1), QStringList({"001. ToUse", "002. ToUse", "003. ToUse", "004. ToUse"}));
+        QVERIFY(dropOn(*named.w, named.w->picStage, {saved.path("sky.bmp")}, named.centre(4)));
+        QCOMPARE(named.project.Panes(4).SourceStem, "sky");
+    }
+
+    void recentProjects() {
+        // Most recent first, each once, eight at most.
+        QStringList list;
+        for (const char* path : {"/a.kv1", "/b.kv1", "/a.kv1"})
+            list = WithRecentProject(list, path);
+        QCOMPARE(list, QStringList({"/a.kv1", "/b.kv1"}));
+        for (int i = 1; i <= 9; ++i)
+            list = WithRecentProject(list, QString("/p%1.kv1").arg(i));
+        QCOMPARE(list.size(), kMaxRecentProjects);
+        QCOMPARE(list.first(), "/p9.kv1");
+        QCOMPARE(list.last(), "/p2.kv1");
+        StartedMain m;
+        // The list is kept in the XDG config folder: a test's own.
+        QCOMPARE(m.w->RecentSettingsFile, m.path("config/kelvrin/recent.conf"));
+        QCOMPARE(recentEntries(*m.w), QStringList());
+        QVERIFY(!m.w->mnu_ClearRecent->isEnabled());
+        // Saved and opened projects are listed, in the settings file that outlives the window.
+        const QString a = saveAs(m, "a.kv1"), b = saveAs(m, "b.kv1");
+        m.prompts.answers.enqueue(a);
+        m.w->OpenProject();
+        QCOMPARE(recentEntries(*m.w), QStringList({a, b}));
+        QCOMPARE(ReadRecentProjects(m.w->RecentSettingsFile), QStringList({a, b}));
+
+        // A project that has gone is listed, but disabled, when the menu opens.
+        QVERIFY(QFile::remove(b));
+        emit m.w->mnu_OpenRecent->aboutToShow();
+        QCOMPARE(recentEntries(*m.w, true), QStringList({a}));
+        QCOMPARE(recentEntries(*m.w), QStringList({a, b}));
+
+        // Choosing an entry opens it through Open Project.
+        m.project.Panes(1).Text = "changed";
+        m.w->mnu_OpenRecent->actions().first()->trigger();
+        QCOMPARE(m.project.Panes(1).Text, QString(kToUse));
+
+        m.w->mnu_ClearRecent->trigger();
+        QCOMPARE(recentEntries(*m.w), QStringList());
+        QCOMPARE(ReadRecentProjects(m.w->RecentSettingsFile), QStringList());
+    }
+};
+
+QTEST_MAIN(TestDesktop)
+#include "test_desktop.moc"
