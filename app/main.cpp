@@ -48,7 +48,8 @@ int main(int argc, char** argv) {
         window.showMaximized();
         // Opened once the window is up, as the Open Project command would open it.
         if (!projects.isEmpty())
-            QTimer::singleShot(0, &window, [&window, &projects] { window.OpenProjectFromCommandLine(projects.first()); });
+            QTimer::singleShot(0, &window,
+                               [&window, &projects] { window.OpenProjectFromCommandLine(projects.first()); });
         return KelvrinApplication::exec();
     } catch (const RunTimeError& error) {
         app.Fail(error);

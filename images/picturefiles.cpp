@@ -10,8 +10,9 @@
 
 bool IsPictureName(const QString& fileName) {
     const QString suffix = QFileInfo(fileName).suffix().toLower();
-    return suffix == QLatin1String("bmp") || suffix == QLatin1String("gif") || suffix == QLatin1String("jpg") ||
-           suffix == QLatin1String("jpeg") || suffix == QLatin1String("png");
+    return suffix == QLatin1String("bmp") || suffix == QLatin1String("gif") ||
+           suffix == QLatin1String("jpg") || suffix == QLatin1String("jpeg") ||
+           suffix == QLatin1String("png");
 }
 
 bool IsProjectName(const QString& fileName) {

@@ -136,7 +136,8 @@ void frmMain::RefreshRecentMenu() {
     const QStringList recent = ReadRecentProjects(RecentSettingsFile);
     for (const QString& path : recent) {
         // "&" would otherwise mark a shortcut letter.
-        QAction* entry = mnu_OpenRecent->addAction(QString(path).replace(QLatin1Char('&'), QStringLiteral("&&")));
+        QAction* entry =
+            mnu_OpenRecent->addAction(QString(path).replace(QLatin1Char('&'), QStringLiteral("&&")));
         entry->setData(path);
         // A project moved or deleted since is shown, but cannot be opened.
         entry->setEnabled(QFileInfo(path).isFile());

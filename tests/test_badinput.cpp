@@ -57,7 +57,8 @@ QByteArray picture(const QString& ext, const QString& damage, const QString& scr
     };
     if (damage == "empty") return {};
     if (damage == "cut") return bytes.left(bytes.size() * 6 / 10);
-    if (damage == "damaged") return bytes.left(ext == "gif" ? 6 : ext == "png" ? 8 : 4) + QByteArray(300, 'Z');
+    if (damage == "damaged")
+        return bytes.left(ext == "gif" ? 6 : ext == "png" ? 8 : 4) + QByteArray(300, 'Z');
     const qsizetype sof = bytes.indexOf("\xFF\xC0"),
                     descriptor = bytes.indexOf(QByteArrayLiteral(","), 13 + 768);
     if (damage == "huge" && ext == "jpg") put({sof + 5, sof + 7}, 65500, true);
@@ -160,7 +161,9 @@ void TestBadInput::brokenPictures() {
 
             // Dropped after a good one: the good one lands, the broken one ends in its run-time error
             // and leaves its pane alone.
-            QCOMPARE(path + Str(ErrorNumberOf([&] { m.w->DropPictures({m.path(damage + "1." + ext), path}, 3); })),
+            QCOMPARE(path + Str(ErrorNumberOf([&] {
+                         m.w->DropPictures({m.path(damage + "1." + ext), path}, 3);
+                     })),
                      path + "481");
             QCOMPARE(m.project.Panes(3).SourceFile, m.path(damage + "1." + ext));
             QCOMPARE(m.project.Panes(4).SourceFile, QString(kNone));

@@ -50,7 +50,7 @@ bool dropOn(frmMain& w, QWidget* over, const QStringList& paths, QPoint at) {
 QString picture(const StartedMain& m, const QString& name, const QColor& colour) {
     const QString path = m.path(name);
     const QImage image = SolidPicture(30, 30, colour);
-    const bool written = name.endsWith(".png") ? WritePng(image, path)
+    const bool written = name.endsWith(".png")   ? WritePng(image, path)
                          : name.endsWith(".bmp") ? WriteBmp(image, path)
                                                  : WriteJpeg(image, path);
     if (!written) qFatal("cannot write %s", qPrintable(path));
@@ -77,8 +77,8 @@ class TestDesktop : public QObject {
     Q_OBJECT
 private slots:
     void picturesLandInNaturalOrder() {
-        QCOMPARE(NaturalOrder({"/b/Shot10.png", "/a/Shot2.jpg", "/c/shot1.bmp", "/a/Shot02b.png", "/Shot010a.png",
-                               "/z/Shot10.png", "/Shot9.png"}),
+        QCOMPARE(NaturalOrder({"/b/Shot10.png", "/a/Shot2.jpg", "/c/shot1.bmp", "/a/Shot02b.png",
+                               "/Shot010a.png", "/z/Shot10.png", "/Shot9.png"}),
                  QStringList({"/c/shot1.bmp", "/a/Shot2.jpg", "/a/Shot02b.png", "/Shot9.png", "/b/Shot10.png",
                               "/z/Shot10.png", "/Shot010a.png"}));
 
@@ -99,14 +99,16 @@ private slots:
             int pane;
             QString stem, file;
             QColor colour;
-        } expected[] = {{2, "shot1", one, Qt::red}, {3, "Shot2", two, Qt::green}, {4, "Shot10", ten, Qt::blue}};
+        } expected[] = {
+            {2, "shot1", one, Qt::red}, {3, "Shot2", two, Qt::green}, {4, "Shot10", ten, Qt::blue}};
         for (const auto& e : expected) {
             const Pane& pane = m.project.Panes(e.pane);
             QCOMPARE(pane.SourceStem, e.stem);
             QCOMPARE(pane.SourceFile, e.file);
             QCOMPARE(pane.ImageFile, PaneImageName(m.project, e.pane));
             // On the stage, redrawn.
-            QVERIFY2(Near(m.w->picStage->Picture.pixelColor(m.centre(e.pane)), e.colour, 8), qPrintable(e.stem));
+            QVERIFY2(Near(m.w->picStage->Picture.pixelColor(m.centre(e.pane)), e.colour, 8),
+                     qPrintable(e.stem));
         }
         QCOMPARE(m.project.Panes(1).SourceFile, QString(kNone));
     }
@@ -194,7 +196,8 @@ private slots:
         QCOMPARE(named.project.Panes(1).SourceFile, QString(kNone));
         QCOMPARE(named.project.Panes(3).Text, QString(kToUse));
         QCOMPARE(ItemsOf(named.w->Combo_PageView), QStringList({"Board 01"}));
-        QCOMPARE(ItemsOf(named.w->List1), QStringList({"001. ToUse", "002. ToUse", "003. ToUse", "004. ToUse"}));
+        QCOMPARE(ItemsOf(named.w->List1),
+                 QStringList({"001. ToUse", "002. ToUse", "003. ToUse", "004. ToUse"}));
         QVERIFY(dropOn(*named.w, named.w->picStage, {saved.path("sky.bmp")}, named.centre(4)));
         QCOMPARE(named.project.Panes(4).SourceStem, "sky");
     }

@@ -10,9 +10,9 @@
 #include "support/scriptedprompts.h"
 #include "support/testpictures.h"
 
+#include <QPainter>
 #include <QTemporaryDir>
 #include <QtEndian>
-#include <QPainter>
 #include <QtTest>
 #include <turbojpeg.h>
 

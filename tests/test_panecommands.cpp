@@ -94,8 +94,10 @@ private slots:
             int pane;
             const char *stem, *file;
             QColor colour;
-        } expected[] = {{1, "Shot", "Shot01.png", Qt::red},   {3, "Shot", "Shot03.png", Qt::blue},
-                        {5, "Take", "Take9.png", Qt::cyan},   {6, "Take", "Take10.png", Qt::magenta},
+        } expected[] = {{1, "Shot", "Shot01.png", Qt::red},
+                        {3, "Shot", "Shot03.png", Qt::blue},
+                        {5, "Take", "Take9.png", Qt::cyan},
+                        {6, "Take", "Take10.png", Qt::magenta},
                         {7, "Take", "Take11.png", Qt::yellow}};
         for (const auto& e : expected) {
             const Pane& pane = m.project.Panes(e.pane);
