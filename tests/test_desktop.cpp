@@ -9,52 +9,31 @@
 #include <QMimeData>
 
 namespace {
-QMimeData* filesData(const QStringList& paths) {
-    auto* data = new QMimeData;
+// Files dragged from another program over a point of a widget of the window, and let go there when
+// drop is set, as the window system sends them: to the widget itself when it takes drops of its
+// own, otherwise to the window. Whether the drag (or the drop) was taken; the work a drop starts
+// is done before this returns.
+bool drag(frmMain& w, QWidget* over, const QStringList& paths, QPoint at, bool drop = false) {
+    QMimeData data;
     QList<QUrl> urls;
     for (const QString& path : paths)
         urls << (path.contains("://") ? QUrl(path) : QUrl::fromLocalFile(path));
-    data->setUrls(urls);
-    return data;
-}
-
-// Files dragged from another program over a point of a widget of the window, as the window system
-// sends them: whether the window takes the drag when it enters.
-// The events go where the window system sends them: to the widget itself when it takes drops of
-// its own, otherwise to the window.
-QWidget* dropTarget(frmMain& w, QWidget* over) {
-    return over->acceptDrops() ? over : static_cast<QWidget*>(&w);
-}
-bool dragOver(frmMain& w, QWidget* over, const QStringList& paths, QPoint at) {
-    const std::unique_ptr<QMimeData> data(filesData(paths));
-    QWidget* target = dropTarget(w, over);
-    QDragEnterEvent enter(over->mapTo(target, at), Qt::CopyAction | Qt::MoveAction, data.get(),
-                          Qt::LeftButton, Qt::NoModifier);
+    data.setUrls(urls);
+    QWidget* target = over->acceptDrops() ? over : static_cast<QWidget*>(&w);
+    const QPoint point = over->mapTo(target, at);
+    QDragEnterEvent enter(point, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
     QCoreApplication::sendEvent(target, &enter);
-    return enter.isAccepted();
-}
-
-// The same drag let go there; the work the drop starts is done before this returns. Whether the
-// window took the drop.
-bool dropOn(frmMain& w, QWidget* over, const QStringList& paths, QPoint at) {
-    const std::unique_ptr<QMimeData> data(filesData(paths));
-    dragOver(w, over, paths, at);
-    QWidget* target = dropTarget(w, over);
-    QDropEvent drop(over->mapTo(target, at), Qt::CopyAction | Qt::MoveAction, data.get(), Qt::LeftButton,
-                    Qt::NoModifier);
-    QCoreApplication::sendEvent(target, &drop);
+    if (!drop) return enter.isAccepted();
+    QDropEvent letGo(point, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(target, &letGo);
     QCoreApplication::processEvents();
-    return drop.isAccepted();
+    return letGo.isAccepted();
 }
 
+// A picture of one colour in the format its name tells.
 QString picture(const StartedMain& m, const QString& name, const QColor& colour) {
-    const QString path = m.path(name);
-    const QImage image = SolidPicture(30, 30, colour);
-    const bool written = name.endsWith(".png")   ? WritePng(image, path)
-                         : name.endsWith(".bmp") ? WriteBmp(image, path)
-                                                 : WriteJpeg(image, path);
-    if (!written) qFatal("cannot write %s", qPrintable(path));
-    return path;
+    if (!SolidPicture(30, 30, colour).save(m.path(name))) qFatal("cannot write %s", qPrintable(name));
+    return m.path(name);
 }
 
 // Saves the window's project under name through Save Project As; its path.
@@ -77,24 +56,24 @@ class TestDesktop : public QObject {
     Q_OBJECT
 private slots:
     void picturesLandInNaturalOrder() {
-        QCOMPARE(NaturalOrder({"/b/Shot10.png", "/a/Shot2.jpg", "/c/shot1.bmp", "/a/Shot02b.png",
-                               "/Shot010a.png", "/z/Shot10.png", "/Shot9.png"}),
-                 QStringList({"/c/shot1.bmp", "/a/Shot2.jpg", "/a/Shot02b.png", "/Shot9.png", "/b/Shot10.png",
-                              "/z/Shot10.png", "/Shot010a.png"}));
+        QCOMPARE(NaturalOrder(
+                     {"/b/Shot10.png", "/a/Shot2.jpg", "/c/shot1.bmp", "/a/Shot02b.png", "/Shot010a.png"}),
+                 QStringList(
+                     {"/c/shot1.bmp", "/a/Shot2.jpg", "/a/Shot02b.png", "/b/Shot10.png", "/Shot010a.png"}));
 
         StartedMain m;
         const QString ten = picture(m, "Shot10.png", Qt::blue), one = picture(m, "shot1.bmp", Qt::red),
                       two = picture(m, "Shot2.jpg", Qt::green);
         const QPoint cell2 = m.centre(2);
         // While the files are over pane 2, it wears the hover frame.
-        QVERIFY(dragOver(*m.w, m.w->picStage, {ten, one, two}, cell2));
+        QVERIFY(drag(*m.w, m.w->picStage, {ten, one, two}, cell2));
         const QPoint frame(m.project.Panes(2).Position[0] + 2, cell2.y());
         QCOMPARE(m.w->picStage->Picture.pixelColor(frame), QColor(0, 255, 0));
         QDragLeaveEvent leave;
         QCoreApplication::sendEvent(m.w.get(), &leave);
         QVERIFY(m.w->picStage->Picture.pixelColor(frame) != QColor(0, 255, 0));
 
-        QVERIFY(dropOn(*m.w, m.w->picStage, {ten, one, two}, cell2));
+        QVERIFY(drag(*m.w, m.w->picStage, {ten, one, two}, cell2, true));
         const struct {
             int pane;
             QString stem, file;
@@ -102,13 +81,11 @@ private slots:
         } expected[] = {
             {2, "shot1", one, Qt::red}, {3, "Shot2", two, Qt::green}, {4, "Shot10", ten, Qt::blue}};
         for (const auto& e : expected) {
-            const Pane& pane = m.project.Panes(e.pane);
-            QCOMPARE(pane.SourceStem, e.stem);
-            QCOMPARE(pane.SourceFile, e.file);
-            QCOMPARE(pane.ImageFile, PaneImageName(m.project, e.pane));
+            QCOMPARE(m.project.Panes(e.pane).SourceStem, e.stem);
+            QCOMPARE(m.project.Panes(e.pane).SourceFile, e.file);
             // On the stage, redrawn.
-            QVERIFY2(Near(m.w->picStage->Picture.pixelColor(m.centre(e.pane)), e.colour, 8),
-                     qPrintable(e.stem));
+            const QColor shown = m.w->picStage->Picture.pixelColor(m.centre(e.pane));
+            QVERIFY2(Near(shown, e.colour, 8), qPrintable(e.stem + " shows " + shown.name()));
         }
         QCOMPARE(m.project.Panes(1).SourceFile, QString(kNone));
     }
@@ -121,19 +98,16 @@ private slots:
         m.w->SetBoardIndex(39);
         const QStringList files = {picture(m, "a1.jpg", Qt::red), picture(m, "a2.jpg", Qt::green),
                                    picture(m, "a3.jpg", Qt::blue)};
-        QVERIFY(dropOn(*m.w, m.w->picStage, files, m.centre(24)));
+        QVERIFY(drag(*m.w, m.w->picStage, files, m.centre(24), true)); // pane 999
         QCOMPARE(m.project.Panes(999).SourceFile, files[0]);
         QCOMPARE(m.project.Panes(1000).SourceFile, files[1]);
-        QCOMPARE(m.project.Panes(998).SourceFile, QString(kNone));
-        // The same list, loaded by the routine the drop uses, says how many panes it filled.
         QCOMPARE(LoadPictureFiles(m.project, files, 1000, m.w->CellSize), 1);
     }
 
     void othersAreRefused() {
         StartedMain m;
-        const QString jpg = picture(m, "p1.jpg", Qt::red);
-        QVERIFY(WriteAll(m.path("notes.txt"), "text"));
-        QVERIFY(WriteAll(m.path("trip.kv1"), "4\r\n1\r\n2\r\n"));
+        const QString jpg = picture(m, "p1.jpg", Qt::red), kv1 = m.path("trip.kv1");
+        QVERIFY(WriteAll(m.path("notes.txt"), "text") && WriteAll(kv1, "4\r\n1\r\n2\r\n"));
         QVERIFY(QDir(m.dir.path()).mkdir("Frames.png"));
         const struct {
             const char* what;
@@ -141,27 +115,18 @@ private slots:
             QWidget* over;
         } refused[] = {
             {"a text file", {m.path("notes.txt")}, m.w->picStage},
-            {"a picture with a text file", {jpg, m.path("notes.txt")}, m.w->picStage},
-            {"a picture with a project", {jpg, m.path("trip.kv1")}, m.w->picStage},
-            {"two projects", {m.path("trip.kv1"), m.path("trip.kv1")}, m.w->picStage},
+            {"a picture with a project", {jpg, kv1}, m.w->picStage},
             {"a folder", {m.path("Frames.png")}, m.w->picStage},
-            {"a picture that is gone", {m.path("gone.png")}, m.w->picStage},
             {"a picture from the web", {"https://example.org/p1.jpg"}, m.w->picStage},
-            {"a picture on the pane list", {jpg}, m.w->List1},
             {"a picture on the text row", {jpg}, m.w->Text1},
         };
         for (const auto& r : refused) {
-            QVERIFY2(!dragOver(*m.w, r.over, r.files, QPoint(4, 4)), r.what);
-            QVERIFY2(!dropOn(*m.w, r.over, r.files, QPoint(4, 4)), r.what);
+            QVERIFY2(!drag(*m.w, r.over, r.files, QPoint(4, 4)), r.what);
+            QVERIFY2(!drag(*m.w, r.over, r.files, QPoint(4, 4), true), r.what);
         }
         QCOMPARE(m.project.Panes(1).SourceFile, QString(kNone));
-        QCOMPARE(m.project.GridSide, 2);
         // A project is taken anywhere on the window, the text row included.
-        QVERIFY(dragOver(*m.w, m.w->List1, {m.path("trip.kv1")}, QPoint(4, 4)));
-        QVERIFY(dragOver(*m.w, m.w->Text1, {m.path("trip.kv1")}, QPoint(4, 4)));
-        // While the program is busy nothing is taken.
-        m.project.IsBusy = true;
-        QVERIFY(!dragOver(*m.w, m.w->picStage, {jpg}, m.centre(1)));
+        QVERIFY(drag(*m.w, m.w->Text1, {kv1}, QPoint(4, 4)));
     }
 
     void projectsFromTheDesktop() {
@@ -172,53 +137,40 @@ private slots:
 
         // Dropped on the window, and named on the command line, relative to the current folder.
         StartedMain dropped, named;
-        QVERIFY(dropOn(*dropped.w, dropped.w->List1, {trip}, QPoint(4, 4)));
+        QVERIFY(drag(*dropped.w, dropped.w->List1, {trip}, QPoint(4, 4), true));
         const QString current = QDir::currentPath();
         QDir::setCurrent(saved.dir.path());
         named.w->OpenProjectFromCommandLine("trip.kv1");
         QDir::setCurrent(current);
         for (StartedMain* m : {&dropped, &named}) {
             QCOMPARE(m->project.Panes(1).SourceStem, "sky");
-            QCOMPARE(m->project.Panes(3).Text, "third");
             QCOMPARE(m->w->List1->item(2)->text(), "003. third");
-            QVERIFY(QFileInfo::exists(m->project.Panes(1).ImageFile));
             QCOMPARE(m->prompts.messages.size(), 0);
-            QCOMPARE(m->w->LastFileName, trip);
         }
 
         // A project that cannot be opened is reported as Open Project reports it; the program goes
         // on with an empty project and takes pictures as before.
         named.w->OpenProjectFromCommandLine(saved.path("gone.kv1"));
         QCOMPARE(named.prompts.messages.size(), 1);
-        QVERIFY2(named.prompts.messages[0].text.startsWith("Run-time error '53':"),
-                 qPrintable(named.prompts.messages[0].text));
-        QCOMPARE(named.prompts.messages[0].title, "Kelvrin");
-        QCOMPARE(named.project.Panes(1).SourceFile, QString(kNone));
-        QCOMPARE(named.project.Panes(3).Text, QString(kToUse));
-        QCOMPARE(ItemsOf(named.w->Combo_PageView), QStringList({"Board 01"}));
+        QCOMPARE(named.prompts.messages[0].text.section('\n', 0, 0), "Run-time error '53':");
         QCOMPARE(ItemsOf(named.w->List1),
                  QStringList({"001. ToUse", "002. ToUse", "003. ToUse", "004. ToUse"}));
-        QVERIFY(dropOn(*named.w, named.w->picStage, {saved.path("sky.bmp")}, named.centre(4)));
+        QCOMPARE(named.project.Panes(1).SourceFile, QString(kNone));
+        QVERIFY(drag(*named.w, named.w->picStage, {saved.path("sky.bmp")}, named.centre(4), true));
         QCOMPARE(named.project.Panes(4).SourceStem, "sky");
     }
 
     void recentProjects() {
-        // Most recent first, each once, eight at most.
         QStringList list;
-        for (const char* path : {"/a.kv1", "/b.kv1", "/a.kv1"})
-            list = WithRecentProject(list, path);
-        QCOMPARE(list, QStringList({"/a.kv1", "/b.kv1"}));
         for (int i = 1; i <= 9; ++i)
             list = WithRecentProject(list, QString("/p%1.kv1").arg(i));
         QCOMPARE(list.size(), kMaxRecentProjects);
         QCOMPARE(list.first(), "/p9.kv1");
-        QCOMPARE(list.last(), "/p2.kv1");
+
         StartedMain m;
-        // The list is kept in the XDG config folder: a test's own.
-        QCOMPARE(m.w->RecentSettingsFile, m.path("config/kelvrin/recent.conf"));
-        QCOMPARE(recentEntries(*m.w), QStringList());
+        QCOMPARE(m.w->RecentSettingsFile, m.path("config/kelvrin/recent.conf")); // the test's own
         QVERIFY(!m.w->mnu_ClearRecent->isEnabled());
-        // Saved and opened projects are listed, in the settings file that outlives the window.
+        // Saved and opened projects, most recent first and each once, in the file that outlives the window.
         const QString a = saveAs(m, "a.kv1"), b = saveAs(m, "b.kv1");
         m.prompts.answers.enqueue(a);
         m.w->OpenProject();
@@ -235,9 +187,7 @@ private slots:
         m.project.Panes(1).Text = "changed";
         m.w->mnu_OpenRecent->actions().first()->trigger();
         QCOMPARE(m.project.Panes(1).Text, QString(kToUse));
-
         m.w->mnu_ClearRecent->trigger();
-        QCOMPARE(recentEntries(*m.w), QStringList());
         QCOMPARE(ReadRecentProjects(m.w->RecentSettingsFile), QStringList());
     }
 };

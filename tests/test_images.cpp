@@ -101,30 +101,19 @@ private slots:
     }
 
     void pngTransparencyLiesOnWhite() {
-        // Left half opaque blue, right half fully transparent, a half-transparent red band at the bottom.
+        // Opaque blue on the left, transparent on the right, a half-transparent red band at the bottom.
         QImage picture(40, 40, QImage::Format_ARGB32);
         picture.fill(Qt::transparent);
         QPainter painter(&picture);
         painter.fillRect(0, 0, 20, 30, Qt::blue);
         painter.fillRect(0, 30, 40, 10, QColor(255, 0, 0, 128));
         painter.end();
-        const QString path = source("Render1.png");
-        QVERIFY(WritePng(picture, path));
-
-        const QImage loaded = LoadPicture(path);
-        QVERIFY(!loaded.hasAlphaChannel());
+        QVERIFY(WritePng(picture, source("Render1.png")));
+        const QImage loaded = LoadPicture(source("Render1.png"));
         QCOMPARE(loaded.pixelColor(5, 5), QColor(Qt::blue));
         QCOMPARE(loaded.pixelColor(35, 5), QColor(Qt::white));
         QVERIFY2(Near(loaded.pixelColor(35, 35), QColor(255, 127, 127), 2),
                  qPrintable(loaded.pixelColor(35, 35).name()));
-        // The working picture shows the same, scaled to its cell.
-        Pane& pane = project_.Panes(1);
-        pane.SourceFile = path;
-        pane.SourceStem = "Render1";
-        StorePaneImage(project_, 1, 20.0f, true);
-        const QImage stored(pane.ImageFile);
-        QCOMPARE(stored.pixelColor(17, 2), QColor(Qt::white));
-        QCOMPARE(stored.pixelColor(2, 2), QColor(Qt::blue));
     }
 
     void flipsOnPixelsAndRebuild() {

@@ -80,7 +80,8 @@ private slots:
             menus << a->text().remove('&') + ": " + captionsOf(a->menu()->actions());
         menus << "(pane list) " + captionsOf(m.w->mnu_EditList->actions());
         QCOMPARE(menus.join(" | "),
-                 "File: Open Project, Save Project As, Change Project, -, Export As Html, -, Open Recent, -, Exit | "
+                 "File: Open Project, Save Project As, Change Project, -, Export As Html, -, Open Recent, -, "
+                 "Exit | "
                  "Board: Change Project, Properties, -, Image Shuffle | Pane: Picture ..., Mass "
                  "Image Import ..., -, Flip Horizontally, Flip Vertically, Make as Blank, -, "
                  "CloseUp, Properties | Help: Help, About | (pane list) Swap Item, -, Remove "
