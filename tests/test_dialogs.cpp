@@ -32,8 +32,9 @@ private slots:
         d->Combo_MatrixSize->setCurrentIndex(2);
         QCOMPARE(d->Label1->text(), "Max 62 boards x 16 panes = 992 panes");
         // Typed | shown | selected: a refused entry shows the maximum, selected.
-        for (const QString row : {"|062|062", " 1 2 |12|", "x5|062|062", "99|062|062", "0|0|", "5abc|5abc|",
-                                  "1e3|062|062", "1e1|1e1|", "62.5|062|062"}) {
+        for (const QString row :
+             {"|062|062", " 1 2 |12|", "x5|062|062", "99|062|062", "0|0|", "5abc|5abc|", "1e3|062|062",
+              "1e1|1e1|", "62.5|062|062"}) {
             d->Text_BoardAmount->setText(row.section('|', 0, 0));
             QCOMPARE(Joined(row.section('|', 0, 0), d->Text_BoardAmount->text(),
                             d->Text_BoardAmount->selectedText()),
