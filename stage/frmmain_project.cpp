@@ -68,6 +68,7 @@ void frmMain::OpenProjectFile(const QString& path) {
 }
 
 void frmMain::OpenChosenProject() {
+    const QString path = project.DialogReply[1];
     picStage->setCursor(Qt::WaitCursor);
     picStage->ClearPicture();
 
@@ -90,7 +91,7 @@ void frmMain::OpenChosenProject() {
     project.IsBusy = false;
     picStage->setCursor(Qt::ArrowCursor);
     DrawCurrentBoard();
-    NoteRecentProject(project.DialogReply[1]);
+    NoteRecentProject(path);
 }
 
 void frmMain::OpenProjectFromCommandLine(const QString& path) {
@@ -106,6 +107,8 @@ void frmMain::OpenProjectFromCommandLine(const QString& path) {
 }
 
 void frmMain::StartEmptyProject() {
+    // The colours and lists of start-up too: a project read in part may have changed them.
+    InitLists();
     project.IsBusy = true;
     project.GridSide = 2;
     project.BoardCount = 1;
