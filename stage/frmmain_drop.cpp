@@ -2,7 +2,7 @@
 
 #include "stage/progress.h"
 
-#include "images/picturefiles.h"
+#include "flows/picturefiles.h"
 #include "model/numbers.h"
 
 #include <QDragEnterEvent>

@@ -1,6 +1,6 @@
 // Kelvrin among the other programs of the desktop: pictures and projects dropped from a file
 // manager, a project named on the command line, and the File menu's recent projects.
-#include "images/picturefiles.h"
+#include "flows/picturefiles.h"
 #include "model/recentprojects.h"
 #include "support/mainwindow.h"
 

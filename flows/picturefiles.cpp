@@ -1,4 +1,4 @@
-#include "images/picturefiles.h"
+#include "flows/picturefiles.h"
 
 #include "images/panebatch.h"
 #include "images/paneimage.h"
