@@ -167,6 +167,9 @@ void frmMain::buildMenus() {
     mnu_ExportHTML = addCommand(mnu_File, "mnu_ExportHTML", QStringLiteral("Export As Html"),
                                 &frmMain::mnu_ExportHTML_Click);
     mnu_File->addSeparator();
+    mnu_ExportAnimatic = addCommand(mnu_File, "mnu_ExportAnimatic", QStringLiteral("Export As Animatic ..."),
+                                    &frmMain::mnu_ExportAnimatic_Click);
+    mnu_File->addSeparator();
     mnu_Exit = addCommand(mnu_File, "mnu_Exit", QStringLiteral("Exit"), &frmMain::mnu_Exit_Click);
 
     mnu_Board = menuBar()->addMenu(QStringLiteral("Board"));
@@ -178,6 +181,9 @@ void frmMain::buildMenus() {
     mnu_Board->addSeparator();
     mnu_RandomShuffle = addCommand(mnu_Board, "mnu_RandomShuffle", QStringLiteral("Image Shuffle"),
                                    &frmMain::mnu_RandomShuffle_Click);
+    mnu_Board->addSeparator();
+    mnu_Slideshow =
+        addCommand(mnu_Board, "mnu_Slideshow", QStringLiteral("Slideshow"), &frmMain::mnu_Slideshow_Click);
 
     mnu_Panes = menuBar()->addMenu(QStringLiteral("Pane"));
     mnu_Panes->setObjectName(QStringLiteral("mnu_Panes"));

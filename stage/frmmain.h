@@ -72,10 +72,12 @@ public:
     QAction* mnu_SaveAs;
     QAction* mnu_ChangeProject;
     QAction* mnu_ExportHTML;
+    QAction* mnu_ExportAnimatic;
     QAction* mnu_Exit;
     QAction* mnu_BoardChangeProject;
     QAction* mnu_BoardOptions;
     QAction* mnu_RandomShuffle;
+    QAction* mnu_Slideshow;
     QAction* mnu_LoadPicture;
     QAction* mnu_MassImage;
     QAction* mnu_FlipHorizontally;
@@ -125,6 +127,9 @@ public:
     // Sets the board chooser's selection as the program does: the chooser's click event follows.
     void SetBoardIndex(int index);
 
+    // Shows a pane as a click on its item in the pane list does: its board, its item and its text.
+    void ChoosePane(int pane);
+
     // Pane list and texts.
     qint16 FillLists(qint16 gridSide, qint16 boardCount, float stageSize, bool reset);
     // The pane list from pane 1 to total, with the panes' texts or all "ToUse"; the board
@@ -165,9 +170,11 @@ public:
     void mnu_SaveAs_Click();
     void mnu_ChangeProject_Click();
     void mnu_ExportHTML_Click();
+    void mnu_ExportAnimatic_Click();
     void mnu_Exit_Click();
     void mnu_BoardOptions_Click();
     void mnu_RandomShuffle_Click();
+    void mnu_Slideshow_Click();
     void mnu_LoadPicture_Click();
     void mnu_MassImage_Click();
     void mnu_FlipHorizontally_Click();

@@ -17,6 +17,7 @@ void frmMain::addKeyboardAccess() {
     mnu_ExportHTML->setShortcut(QKeySequence(QStringLiteral("Ctrl+E")));
     mnu_Exit->setShortcut(QKeySequence(QStringLiteral("Ctrl+Q")));
     mnu_Help->setShortcut(QKeySequence::HelpContents);
+    mnu_Slideshow->setShortcut(QKeySequence(Qt::Key_F5));
 
     // Back and Next live on the toolbar, not in a menu.
     auto* back = new QShortcut(QKeySequence(Qt::Key_PageUp), this);

@@ -1,10 +1,10 @@
 #include "stage/progress.h"
 
-ProgressWindow::ProgressWindow(QWidget* parent, Project& project, const QString& label)
+ProgressWindow::ProgressWindow(QWidget* parent, Project& project, const QString& label, bool cancellable)
     : dialog_(label, QString(), 0, 0, parent), project_(project), wasBusy_(project.IsBusy) {
     dialog_.setWindowTitle(QStringLiteral("Kelvrin"));
     dialog_.setWindowModality(Qt::WindowModal);
-    dialog_.setCancelButton(nullptr);
+    if (!cancellable) dialog_.setCancelButton(nullptr);
     dialog_.setMinimumDuration(1000);
     dialog_.setAutoClose(false);
     dialog_.setAutoReset(false);
