@@ -13,10 +13,12 @@ frmSlideshow::frmSlideshow(const Project& project, int startPane, QWidget* paren
     : QDialog(parent), project_(project) {
     setObjectName(QStringLiteral("frmSlideshow"));
     setWindowTitle(QStringLiteral("Slideshow"));
-    setWindowState(Qt::WindowFullScreen);
     setCursor(Qt::BlankCursor);
     const QScreen* screen = parent && parent->screen() ? parent->screen() : QGuiApplication::primaryScreen();
     pictureSize_ = screen ? screen->size() * screen->devicePixelRatio() : QSize(1920, 1080);
+    // The whole screen also where no window manager acts on the full-screen state.
+    if (screen) setGeometry(screen->geometry());
+    setWindowState(Qt::WindowFullScreen);
 
     // Without a single picture there is nothing to skip to: the blank panes are shown.
     panes_ = PlayedPanes(project_, false);
