@@ -108,7 +108,9 @@ AnimaticResult WriteAnimatic(const Project& project, const AnimaticOptions& opti
     // The temporary file keeps the extension: it names the format for FFmpeg as well.
     QTemporaryFile part(target.absolutePath() + QStringLiteral("/.") + target.completeBaseName() +
                         QStringLiteral("-XXXXXX.") + target.suffix());
-    if (!part.open()) return failed(QStringLiteral("cannot write in %1: %2").arg(target.absolutePath(), part.errorString()));
+    if (!part.open())
+        return failed(
+            QStringLiteral("cannot write in %1: %2").arg(target.absolutePath(), part.errorString()));
     part.close();
     try {
         std::unique_ptr<FrameSink> sink = openSink(part.fileName(), options);
@@ -119,9 +121,11 @@ AnimaticResult WriteAnimatic(const Project& project, const AnimaticOptions& opti
     if (!result.done) return result;
     part.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup | QFile::ReadOther);
     // rename() replaces an older file of that name in one step.
-    if (std::rename(QFile::encodeName(part.fileName()).constData(), QFile::encodeName(target.absoluteFilePath()).constData()) != 0) {
+    if (std::rename(QFile::encodeName(part.fileName()).constData(),
+                    QFile::encodeName(target.absoluteFilePath()).constData()) != 0) {
         result.done = false;
-        return failed(QStringLiteral("cannot write %1: %2").arg(path, QString::fromLocal8Bit(std::strerror(errno))));
+        return failed(
+            QStringLiteral("cannot write %1: %2").arg(path, QString::fromLocal8Bit(std::strerror(errno))));
     }
     part.setAutoRemove(false);
     return result;

@@ -54,8 +54,8 @@ public:
         }
         int colours = 256;
         GifColorType palette[256] = {};
-        if (GifQuantizeBuffer(static_cast<unsigned>(w), static_cast<unsigned>(h), &colours, red.data(), green.data(),
-                              blue.data(), indices.data(), palette) == GIF_ERROR)
+        if (GifQuantizeBuffer(static_cast<unsigned>(w), static_cast<unsigned>(h), &colours, red.data(),
+                              green.data(), blue.data(), indices.data(), palette) == GIF_ERROR)
             throw AnimaticError(QStringLiteral("cannot choose the colours of a GIF picture"));
         ColorMapObject* map = GifMakeMapObject(256, palette);
         if (!map) throw AnimaticError(QStringLiteral("out of memory for a GIF palette"));
@@ -90,7 +90,8 @@ private:
         if (error == 0 && gif_) error = gif_->Error;
         if (file_.error() != QFileDevice::NoError)
             throw AnimaticError(QStringLiteral("cannot write the GIF file: ") + file_.errorString());
-        throw AnimaticError(QStringLiteral("cannot write the GIF file: ") + QString::fromUtf8(GifErrorString(error)));
+        throw AnimaticError(QStringLiteral("cannot write the GIF file: ") +
+                            QString::fromUtf8(GifErrorString(error)));
     }
 
     QSize size_;

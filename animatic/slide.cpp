@@ -53,8 +53,8 @@ void DrawSlide(QPainter& painter, const QRect& area, const Slide& slide) {
     if (!slide.corner.isEmpty()) {
         painter.setFont(fontOfHeight(qMax(9, h / 54)));
         painter.setPen(QColor(160, 160, 160));
-        painter.drawText(area.adjusted(margin, margin, -margin, -margin / 2), Qt::AlignRight | Qt::AlignBottom,
-                         slide.corner);
+        painter.drawText(area.adjusted(margin, margin, -margin, -margin / 2),
+                         Qt::AlignRight | Qt::AlignBottom, slide.corner);
     }
     painter.restore();
 }

@@ -15,7 +15,8 @@ QString ffmpegText(int code) {
 }
 
 void check(int code, const char* doing) {
-    if (code < 0) throw AnimaticError(QStringLiteral("%1: %2").arg(QString::fromLatin1(doing), ffmpegText(code)));
+    if (code < 0)
+        throw AnimaticError(QStringLiteral("%1: %2").arg(QString::fromLatin1(doing), ffmpegText(code)));
 }
 
 class VideoSink : public FrameSink {
@@ -27,8 +28,8 @@ public:
         // Failures come back as errors; FFmpeg's own remarks would only clutter the terminal.
         av_log_set_level(AV_LOG_ERROR);
         const QByteArray file = path.toLocal8Bit();
-        check(avformat_alloc_output_context2(&output_, nullptr, format == AnimaticFormat::Mp4 ? "mp4" : "webm",
-                                             file.constData()),
+        check(avformat_alloc_output_context2(
+                  &output_, nullptr, format == AnimaticFormat::Mp4 ? "mp4" : "webm", file.constData()),
               "cannot start the video file");
         const AVCodec* codec = nullptr;
         if (format == AnimaticFormat::Mp4) {
@@ -38,8 +39,9 @@ public:
             if (!codec) codec = avcodec_find_encoder_by_name("libvpx");
         }
         if (!codec)
-            throw AnimaticError(format == AnimaticFormat::Mp4 ? QStringLiteral("no H.264 encoder (libx264) is installed")
-                                                              : QStringLiteral("no VP9 or VP8 encoder is installed"));
+            throw AnimaticError(format == AnimaticFormat::Mp4
+                                    ? QStringLiteral("no H.264 encoder (libx264) is installed")
+                                    : QStringLiteral("no VP9 or VP8 encoder is installed"));
         encoder_ = avcodec_alloc_context3(codec);
         encoder_->width = size.width();
         encoder_->height = size.height();

@@ -23,8 +23,10 @@ int main(int argc, char** argv) {
         });
     }
     std::unique_ptr<QCoreApplication> app;
-    if (draws) app = std::make_unique<QGuiApplication>(argc, argv);
-    else app = std::make_unique<QCoreApplication>(argc, argv);
+    if (draws)
+        app = std::make_unique<QGuiApplication>(argc, argv);
+    else
+        app = std::make_unique<QCoreApplication>(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("kv1"));
     return RunTool(Kv1Commands(), QCoreApplication::arguments().mid(1));
 }

@@ -12,7 +12,8 @@ AnimaticOptions optionsOf(const ToolArguments& arguments) {
     const QString size = arguments.option(QStringLiteral("--size"));
     const QRegularExpressionMatch match =
         QRegularExpression(QStringLiteral("^(\\d{1,5})x(\\d{1,5})$")).match(size);
-    if (!match.hasMatch()) throw UsageError(QStringLiteral("--size takes WIDTHxHEIGHT, as 1280x720: ") + size);
+    if (!match.hasMatch())
+        throw UsageError(QStringLiteral("--size takes WIDTHxHEIGHT, as 1280x720: ") + size);
     options.size = QSize(match.captured(1).toInt(), match.captured(2).toInt());
     bool ok = false;
     options.seconds = arguments.option(QStringLiteral("--seconds")).toDouble(&ok);
@@ -38,14 +39,14 @@ int runAnimatic(const ToolArguments& arguments) {
     const QString why = opened.whyKelvrinCannotOpen();
     if (!why.isEmpty()) throw ToolFailure(QStringLiteral("Kelvrin cannot open %1: %2").arg(opened.path, why));
     const QList<int> missing = opened.missingPictures();
-    if (!missing.isEmpty()) Report(QStringLiteral("kv1: ") + opened.describeMissing(missing) + QLatin1Char('\n'));
+    if (!missing.isEmpty())
+        Report(QStringLiteral("kv1: ") + opened.describeMissing(missing) + QLatin1Char('\n'));
 
-    const AnimaticResult result =
-        WriteAnimatic(opened.project(), options, out, [](int done, int total) {
-            if (total > 100 && (done % 100 == 0 || done == total))
-                Report(QStringLiteral("kv1: pane %1 of %2\n").arg(done).arg(total));
-            return true;
-        });
+    const AnimaticResult result = WriteAnimatic(opened.project(), options, out, [](int done, int total) {
+        if (total > 100 && (done % 100 == 0 || done == total))
+            Report(QStringLiteral("kv1: pane %1 of %2\n").arg(done).arg(total));
+        return true;
+    });
     if (!result.done) throw ToolFailure(result.error);
     const bool gif = AnimaticFormatOf(out) == AnimaticFormat::Gif;
     Print(QStringLiteral("Wrote %1: %2 panes, %3 seconds%4\n")
@@ -67,8 +68,8 @@ ToolCommand AnimaticCommand() {
                            "and held for the same time; panes without a picture are left out. OUT's\n"
                            "extension gives the format: .mp4 (H.264), .webm (VP9) or .gif (animated, one\n"
                            "picture a pane). A missing picture is a frame saying \"picture missing\"."),
-            {{QStringLiteral("--seconds"), QStringLiteral("S"), QStringLiteral("each pane's time, 0.1 to 600"),
-              QStringLiteral("2")},
+            {{QStringLiteral("--seconds"), QStringLiteral("S"),
+              QStringLiteral("each pane's time, 0.1 to 600"), QStringLiteral("2")},
              {QStringLiteral("--size"), QStringLiteral("WxH"),
               QStringLiteral("frame size, even sides of 64 to 4096"), QStringLiteral("1920x1080")},
              {QStringLiteral("--fps"), QStringLiteral("N"), QStringLiteral("frames a second, 1 to 60"),

