@@ -8,7 +8,7 @@
 #include <memory>
 
 QList<ToolCommand> Kv1Commands() {
-    return {InfoCommand(), CopyCommand(), ExportCommand(), PdfCommand()};
+    return {InfoCommand(), CopyCommand(), ExportCommand(), PdfCommand(), AnimaticCommand()};
 }
 
 namespace {
@@ -19,10 +19,12 @@ void quietWarnings(QtMsgType type, const QMessageLogContext&, const QString& mes
 } // namespace
 
 int main(int argc, char** argv) {
-    // Laying out text for a PDF needs fonts, which come with a GUI application; its offscreen
-    // platform needs no display. The other commands make do with the core.
+    // Drawing text (a contact sheet's, a video's captions and "picture missing") needs Qt's GUI
+    // application and its fonts. kv1 never shows a window, so it draws on the offscreen platform
+    // whatever the desktop is; the other commands make do with the core.
+    const bool draws = argc > 1 && (std::strcmp(argv[1], "pdf") == 0 || std::strcmp(argv[1], "animatic") == 0);
     std::unique_ptr<QCoreApplication> app;
-    if (argc > 1 && std::strcmp(argv[1], "pdf") == 0) {
+    if (draws) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
         qInstallMessageHandler(quietWarnings);
         app = std::make_unique<QGuiApplication>(argc, argv);

@@ -7,5 +7,6 @@ ToolCommand InfoCommand();
 ToolCommand CopyCommand();
 ToolCommand ExportCommand();
 ToolCommand PdfCommand();
+ToolCommand AnimaticCommand();
 
 QList<ToolCommand> Kv1Commands();

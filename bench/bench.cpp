@@ -15,8 +15,11 @@
 //   kelvrin_bench export OUT                    pages and JPEGs of the 1000 panes, to a new folder
 //   kelvrin_bench pdf DIR OUT                   the contact sheet PDF of 1000 panes whose pictures
 //                                               are DIR's frames, a board a page, to a new folder
+//   kelvrin_bench animatic DIR OUT [--frames N] an MP4 of N panes (default 300) of DIR's frames
+//                                               at 1280 x 720, 1 s a pane, 24 frames a second
 //
 // Each measuring command prints "seconds <s>" and "peak-rss <KiB>".
+#include "animatic/animatic.h"
 #include "corpus.h"
 #include "export/htmlexport.h"
 #include "export/htmlwords.h"
@@ -258,6 +261,26 @@ int pdf(const Args& a) {
     report(t.nsecsElapsed() / 1e9);
     return result.complete && result.missing.isEmpty() ? 0 : 1;
 }
+int animatic(const Args& a) {
+    Project project;
+    project.GridSide = 5;
+    project.BoardCount = static_cast<qint16>((a.frames + 24) / 25);
+    const QStringList files = frameFiles(a.dir);
+    assignFrames(project, files, a.frames);
+    for (int p = 1; p <= a.frames; ++p)
+        project.Panes(p).ImageFile = project.Panes(p).SourceFile;
+    AnimaticOptions options;
+    options.size = QSize(1280, 720);
+    options.seconds = 1;
+    options.fps = 24;
+    QDir().mkpath(a.out);
+    QElapsedTimer t;
+    t.start();
+    const AnimaticResult result = WriteAnimatic(project, options, a.out + QStringLiteral("/animatic.mp4"));
+    report(t.nsecsElapsed() / 1e9);
+    if (!result.done) std::fprintf(stderr, "%s\n", qPrintable(result.error));
+    return result.done ? 0 : 1;
+}
 } // namespace
 
 int main(int argc, char** argv) {
@@ -297,6 +320,7 @@ int main(int argc, char** argv) {
         {QStringLiteral("open"), open},
         {QStringLiteral("export"), exportProject},
         {QStringLiteral("pdf"), pdf}};
+        {QStringLiteral("animatic"), animatic}};
     const auto it = commands.find(a.command);
     if (it == commands.end() || a.dir.isEmpty()) {
         std::fprintf(stderr, "usage: kelvrin_bench COMMAND DIR [OUT] [options] (see bench/bench.cpp)\n");

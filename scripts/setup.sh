@@ -12,6 +12,8 @@ kelvrin_packages+=(desktop-file-utils appstream man-db file)
 kelvrin_packages+=(shared-mime-info xdg-utils libglib2.0-bin)
 # The contact sheet tests read their PDFs back with these.
 kelvrin_packages+=(poppler-utils)
+# Animatic videos: FFmpeg's libraries and giflib; the tests and the benchmark read videos back with ffmpeg.
+kelvrin_packages+=(libavcodec-dev libavformat-dev libswscale-dev libavutil-dev libgif-dev ffmpeg)
 
 kelvrin_install() {
     local missing=() p

@@ -186,6 +186,8 @@ void frmMain::buildMenus() {
     mnu_Print = addCommand(mnu_File, "mnu_Print", QStringLiteral("Print ..."), &frmMain::mnu_Print_Click);
     mnu_ExportPDF = addCommand(mnu_File, "mnu_ExportPDF", QStringLiteral("Export As PDF ..."),
                                &frmMain::mnu_ExportPDF_Click);
+    mnu_ExportAnimatic = addCommand(mnu_File, "mnu_ExportAnimatic", QStringLiteral("Export As Animatic ..."),
+                                    &frmMain::mnu_ExportAnimatic_Click);
     mnu_File->addSeparator();
     mnu_OpenRecent = mnu_File->addMenu(QStringLiteral("Open Recent"));
     mnu_OpenRecent->setObjectName(QStringLiteral("mnu_OpenRecent"));
@@ -203,6 +205,9 @@ void frmMain::buildMenus() {
     mnu_Board->addSeparator();
     mnu_RandomShuffle = addCommand(mnu_Board, "mnu_RandomShuffle", QStringLiteral("Image Shuffle"),
                                    &frmMain::mnu_RandomShuffle_Click);
+    mnu_Board->addSeparator();
+    mnu_Slideshow =
+        addCommand(mnu_Board, "mnu_Slideshow", QStringLiteral("Slideshow"), &frmMain::mnu_Slideshow_Click);
 
     mnu_Panes = menuBar()->addMenu(QStringLiteral("Pane"));
     mnu_Panes->setObjectName(QStringLiteral("mnu_Panes"));

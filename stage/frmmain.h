@@ -77,10 +77,12 @@ public:
     QAction* mnu_ExportHTML;
     QAction* mnu_Print;
     QAction* mnu_ExportPDF;
+    QAction* mnu_ExportAnimatic;
     QAction* mnu_Exit;
     QAction* mnu_BoardChangeProject;
     QAction* mnu_BoardOptions;
     QAction* mnu_RandomShuffle;
+    QAction* mnu_Slideshow;
     QAction* mnu_LoadPicture;
     QAction* mnu_MassImage;
     QAction* mnu_FlipHorizontally;
@@ -136,6 +138,9 @@ public:
     void Combo_PageView_Click();
     // Sets the board chooser's selection as the program does: the chooser's click event follows.
     void SetBoardIndex(int index);
+
+    // Shows a pane as a click on its item in the pane list does: its board, its item and its text.
+    void ChoosePane(int pane);
 
     // Pane list and texts.
     qint16 FillLists(qint16 gridSide, qint16 boardCount, float stageSize, bool reset);
@@ -202,9 +207,11 @@ public:
     void mnu_ExportHTML_Click();
     void mnu_Print_Click();
     void mnu_ExportPDF_Click();
+    void mnu_ExportAnimatic_Click();
     void mnu_Exit_Click();
     void mnu_BoardOptions_Click();
     void mnu_RandomShuffle_Click();
+    void mnu_Slideshow_Click();
     void mnu_LoadPicture_Click();
     void mnu_MassImage_Click();
     void mnu_FlipHorizontally_Click();

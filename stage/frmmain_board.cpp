@@ -1,5 +1,6 @@
 #include "stage/frmmain.h"
 
+#include "dialogs/frmslideshow.h"
 #include "model/colour.h"
 #include "model/numbers.h"
 
@@ -164,4 +165,11 @@ void frmMain::DrawDragLine(qint16 selectedPane, float cellSize, int x, int y, qi
     line.X2 = x;
     line.Y2 = y;
     picStage->SetLine(line);
+}
+
+void frmMain::mnu_Slideshow_Click() {
+    frmSlideshow show(project, SelectedPane > 0 ? SelectedPane : 1, this);
+    ShowModal(show);
+    // Back on the stage where the slideshow stopped.
+    ChoosePane(show.CurrentPane());
 }

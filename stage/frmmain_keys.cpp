@@ -18,6 +18,7 @@ void frmMain::addKeyboardAccess() {
     mnu_Print->setShortcut(QKeySequence(QStringLiteral("Ctrl+P")));
     mnu_Exit->setShortcut(QKeySequence(QStringLiteral("Ctrl+Q")));
     mnu_Help->setShortcut(QKeySequence::HelpContents);
+    mnu_Slideshow->setShortcut(QKeySequence(Qt::Key_F5));
 
     // Back and Next live on the toolbar, not in a menu.
     auto* back = new QShortcut(QKeySequence(Qt::Key_PageUp), this);

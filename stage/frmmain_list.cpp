@@ -103,3 +103,9 @@ void frmMain::mnu_Remove_Click() {
 void frmMain::mnu_ClearAll_Click() {
     ResetItemText(true, List1->currentRow());
 }
+
+void frmMain::ChoosePane(int pane) {
+    if (pane < 1 || pane > List1->count()) return;
+    List1->setCurrentRow(pane - 1);
+    List1_MouseDown(Qt::LeftButton, Qt::NoModifier, 0, 0);
+}

@@ -6,11 +6,12 @@
 #include <functional>
 
 // A progress window with a count for the long operations (imports, re-scaling all pane pictures,
-// opening a project, exporting pictures). It appears only when the work runs past a second; while
+// opening a project, exporting pictures, a contact sheet or an animatic). It appears only when the work runs past a second; while
 // it lives the program counts as busy, so that events it lets through change nothing.
 class ProgressWindow {
 public:
-    // With cancellable, the window has a Cancel button that CancellableCallback reports.
+    // With cancellable, the window has a Cancel button: CancellableCallback reports it to the work
+    // as it goes, and Cancelled() tells it afterwards.
     ProgressWindow(QWidget* parent, Project& project, const QString& label, bool cancellable = false);
     ~ProgressWindow();
     ProgressWindow(const ProgressWindow&) = delete;
@@ -20,6 +21,7 @@ public:
     std::function<void(int, int)> Callback();
     // The same, answering false once Cancel was pressed.
     std::function<bool(int, int)> CancellableCallback();
+    bool Cancelled() const { return dialog_.wasCanceled(); }
 
 private:
     QProgressDialog dialog_;

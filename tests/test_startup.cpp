@@ -81,8 +81,8 @@ private slots:
         menus << "(pane list) " + captionsOf(m.w->mnu_EditList->actions());
         QCOMPARE(menus,
                  QStringList({"File: Open Project, Save Project As, Change Project, -, Export As Html, -, "
-                              "Print ..., Export As PDF ..., -, Open Recent, -, Exit",
-                              "Board: Change Project, Properties, -, Image Shuffle",
+                              "Print ..., Export As PDF ..., Export As Animatic ..., -, Open Recent, -, Exit",
+                              "Board: Change Project, Properties, -, Image Shuffle, -, Slideshow",
                               "Pane: Picture ..., Mass Image Import ..., -, Flip Horizontally, Flip "
                               "Vertically, Make as Blank, -, CloseUp, Properties",
                               "Help: Help, About", "(pane list) Swap Item, -, Remove Item, -, Clear All"}));
