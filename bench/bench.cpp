@@ -13,12 +13,16 @@
 //   kelvrin_bench save OUT                      Save Project As of that project, to a new folder
 //   kelvrin_bench open OUT [--cell N]           Open Project of OUT/trip.kv1, pictures rebuilt
 //   kelvrin_bench export OUT                    pages and JPEGs of the 1000 panes, to a new folder
+//   kelvrin_bench undo OUT                      undo of a Clear All and of a discarding Board Setup
+//                                               on that project (records and pictures, no redraw);
+//                                               the slower of the two
 //
 // Each measuring command prints "seconds <s>" and "peak-rss <KiB>".
 #include "corpus.h"
 #include "images/jpegdecode.h"
 #include "images/panebatch.h"
 #include "images/paneimage.h"
+#include "images/reshape.h"
 #include "images/sequence.h"
 #include "export/htmlexport.h"
 #include "export/htmlwords.h"
@@ -27,6 +31,7 @@
 #include "model/projectfile.h"
 #include "model/projectopen.h"
 #include "model/prompts.h"
+#include "model/undohistory.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -213,6 +218,32 @@ int open(const Args& a) {
     return 0;
 }
 
+int undo(const Args& a) {
+    Project project;
+    loadBuiltProject(project, a.dir);
+    UndoHistory history(project);
+    // What the window would show: every pane's item in the list.
+    ShownState shown;
+    for (int p = 1; p <= kMaxPane; ++p)
+        shown.PaneItems << Format(p, "000") + QStringLiteral(". ") + project.Panes(p).Text;
+    history.CaptureShown = [&shown] { return shown; };
+    double slowest = 0;
+    const auto timeUndo = [&](const QString& caption, const std::function<void()>& command) {
+        history.Record(caption, command);
+        QElapsedTimer t;
+        t.start();
+        history.Undo();
+        slowest = qMax(slowest, t.nsecsElapsed() / 1e9);
+    };
+    timeUndo(QStringLiteral("Clear All"), [&] {
+        for (int i = 0; i < kMaxPane; ++i)
+            project.Panes(i).Text = kToUse;
+    });
+    timeUndo(QStringLiteral("Change Project"), [&] { ReshapePanes(project, static_cast<float>(a.cell), true); });
+    report(slowest);
+    return project.Panes(kMaxPane).ImageFile == kNone ? 1 : 0;
+}
+
 class Quiet : public Prompts {
 public:
     void Message(const QString& text, MsgIcon, const QString&) override {
@@ -269,7 +300,8 @@ int main(int argc, char** argv) {
         {QStringLiteral("make-project"), makeProject},
         {QStringLiteral("save"), save},
         {QStringLiteral("open"), open},
-        {QStringLiteral("export"), exportProject}};
+        {QStringLiteral("export"), exportProject},
+        {QStringLiteral("undo"), undo}};
     const auto it = commands.find(a.command);
     if (it == commands.end() || a.dir.isEmpty()) {
         std::fprintf(stderr, "usage: kelvrin_bench COMMAND DIR [OUT] [options] (see bench/bench.cpp)\n");

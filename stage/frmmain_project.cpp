@@ -77,6 +77,8 @@ void frmMain::OpenProject() {
 
 void frmMain::mnu_OpenProject_Click() {
     OpenProject();
+    // The steps before belong to another project; a cancelled open keeps them.
+    if (project.DialogReply[1] != kNone) History.Clear();
 }
 void frmMain::mnu_SaveAs_Click() {
     SaveProject();
