@@ -12,55 +12,45 @@
 #include <map>
 
 namespace {
-// Everything undo must put back, in a form that names the first value that differs.
-struct ProjectImage {
-    std::vector<Pane> panes;
-    ProjectSettings settings;
-    QStringList paneItems, boardItems;
-    std::map<QString, QByteArray> pictures; // every file of the working folder by name
-};
+// Everything undo must put back, by name: every record but its cell table, the settings, the
+// lists and every file of the working folder.
+using ProjectImage = std::map<QString, QByteArray>;
 
 ProjectImage imageOf(const StartedMain& m) {
     ProjectImage s;
-    for (int i = 0; i <= kMaxPane; ++i)
-        s.panes.push_back(m.project.Panes(i));
-    s.settings = SettingsOf(m.project);
-    s.paneItems = ItemsOf(m.w->List1);
-    s.boardItems = ItemsOf(m.w->Combo_PageView);
-    const QDir work(m.project.WorkFolder);
+    const Project& p = m.project;
+    for (int i = 0; i <= kMaxPane; ++i) {
+        const Pane& r = p.Panes(i);
+        s[QStringLiteral("pane %1").arg(i)] = Joined(r.Text, r.Label, r.Url, r.FlipHorizontal, r.FlipVertical,
+                                                     r.ImageFile, r.SourceFile, r.SourceStem)
+                                                  .toUtf8();
+    }
+    s["settings"] = Joined(p.GridSide, p.BoardCount, p.BoardTitle, p.FooterText, p.GlobalHighlightColor,
+                           p.MoveHighlightColor)
+                        .toUtf8();
+    const QStringList items = ItemsOf(m.w->List1);
+    for (int i = 0; i < items.size(); ++i)
+        s[QStringLiteral("list item %1").arg(i)] = items[i].toUtf8();
+    s["boards"] = ItemsOf(m.w->Combo_PageView).join(',').toUtf8();
+    const QDir work(p.WorkFolder);
     for (const QString& name : work.entryList(QDir::Files))
-        s.pictures[name] = ReadAll(work.filePath(name));
+        s["file " + name] = ReadAll(work.filePath(name));
     return s;
 }
 
-// "" when the two are the same project, else the first difference found.
+// "" when the two are the same, else the first value that differs.
 QString difference(const ProjectImage& want, const ProjectImage& got) {
-    for (int i = 0; i <= kMaxPane; ++i) {
-        const Pane &a = want.panes[size_t(i)], &b = got.panes[size_t(i)];
-        if (!SamePane(a, b))
-            return QStringLiteral("pane %1: want %2, got %3").arg(i).arg(PaneFields(a), PaneFields(b));
+    ProjectImage all = want;
+    all.insert(got.begin(), got.end());
+    for (const auto& [name, unused] : all) {
+        const auto shown = [&name](const ProjectImage& image) {
+            const auto v = image.find(name);
+            if (v == image.end()) return QStringLiteral("nothing");
+            return name.startsWith("file ") ? QStringLiteral("other bytes") : "'" + QString::fromUtf8(v->second) + "'";
+        };
+        if (!want.count(name) || !got.count(name) || want.at(name) != got.at(name))
+            return QStringLiteral("%1: want %2, got %3").arg(name, shown(want), shown(got));
     }
-    const ProjectSettings &a = want.settings, &b = got.settings;
-    if (!(a == b))
-        return QStringLiteral("settings: want %1, got %2")
-            .arg(Joined(a.GridSide, a.BoardCount, a.BoardTitle, a.FooterText, a.GlobalHighlightColor,
-                        a.MoveHighlightColor),
-                 Joined(b.GridSide, b.BoardCount, b.BoardTitle, b.FooterText, b.GlobalHighlightColor,
-                        b.MoveHighlightColor));
-    for (int i = 0; i < qMax(want.paneItems.size(), got.paneItems.size()); ++i)
-        if (want.paneItems.value(i) != got.paneItems.value(i))
-            return QStringLiteral("list item %1: want '%2', got '%3'")
-                .arg(i)
-                .arg(want.paneItems.value(i), got.paneItems.value(i));
-    if (want.boardItems != got.boardItems)
-        return QStringLiteral("boards: want %1, got %2").arg(want.boardItems.size()).arg(got.boardItems.size());
-    for (const auto& [name, bytes] : want.pictures) {
-        const auto found = got.pictures.find(name);
-        if (found == got.pictures.end()) return QStringLiteral("picture %1 missing").arg(name);
-        if (found->second != bytes) return QStringLiteral("picture %1 has other bytes").arg(name);
-    }
-    for (const auto& [name, bytes] : got.pictures)
-        if (!want.pictures.count(name)) return QStringLiteral("picture %1 left over").arg(name);
     return {};
 }
 
