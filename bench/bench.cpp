@@ -62,7 +62,7 @@ QStringList frameFiles(const QString& dir) {
 void report(double seconds) {
     rusage usage{};
     getrusage(RUSAGE_SELF, &usage);
-    std::printf("seconds %.4f\npeak-rss %ld\n", seconds, usage.ru_maxrss);
+    std::printf("seconds %.6f\npeak-rss %ld\n", seconds, usage.ru_maxrss);
 }
 
 // Panes 1 to n get the frames in turn, as a mass import or a project would give them.
