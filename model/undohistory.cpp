@@ -18,7 +18,8 @@ bool ProjectSettings::operator==(const ProjectSettings& o) const {
 }
 
 ProjectSettings SettingsOf(const Project& p) {
-    return {p.GridSide, p.BoardCount, p.BoardTitle, p.FooterText, p.GlobalHighlightColor, p.MoveHighlightColor};
+    return {p.GridSide,   p.BoardCount,           p.BoardTitle,
+            p.FooterText, p.GlobalHighlightColor, p.MoveHighlightColor};
 }
 
 bool SamePane(const Pane& a, const Pane& b) {
@@ -92,7 +93,7 @@ void UndoHistory::Record(const QString& caption, const std::function<void()>& co
     std::vector<std::pair<QString, std::optional<PictureRef>>> replaced;
     SetFileReplaceWatcher([&](const QString& path) {
         const QString clean = QDir::cleanPath(path);
-        if (!clean.startsWith(work) || !seen.insert(clean).second) return;
+        if (project_.WorkFolder.isEmpty() || !clean.startsWith(work) || !seen.insert(clean).second) return;
         replaced.emplace_back(path, store_.Keep(path));
     });
     struct Done {

@@ -46,7 +46,8 @@ public:
     static constexpr int kMaxSteps = 100;
     static constexpr qint64 kMaxPictureBytes = qint64(256) << 20;
 
-    explicit UndoHistory(Project& project, int maxSteps = kMaxSteps, qint64 maxPictureBytes = kMaxPictureBytes);
+    explicit UndoHistory(Project& project, int maxSteps = kMaxSteps,
+                         qint64 maxPictureBytes = kMaxPictureBytes);
     ~UndoHistory();
     UndoHistory(const UndoHistory&) = delete;
     UndoHistory& operator=(const UndoHistory&) = delete;

@@ -24,16 +24,19 @@ void frmMain::buildEditMenu() {
     mnu_Undo->setShortcut(QKeySequence::Undo);
     mnu_Redo = mnu_Edit->addAction(QStringLiteral("Redo"));
     mnu_Redo->setObjectName(QStringLiteral("mnu_Redo"));
-    mnu_Redo->setShortcuts({QKeySequence(QStringLiteral("Ctrl+Shift+Z")), QKeySequence(QStringLiteral("Ctrl+Y"))});
+    mnu_Redo->setShortcuts(
+        {QKeySequence(QStringLiteral("Ctrl+Shift+Z")), QKeySequence(QStringLiteral("Ctrl+Y"))});
     connect(mnu_Undo, &QAction::triggered, this, [this] { History.Undo(); });
     connect(mnu_Redo, &QAction::triggered, this, [this] { History.Redo(); });
 
     QUndoStack& stack = History.Stack();
     const auto follow = [this, &stack] {
         mnu_Undo->setEnabled(stack.canUndo());
-        mnu_Undo->setText(stack.canUndo() ? QStringLiteral("Undo ") + stack.undoText() : QStringLiteral("Undo"));
+        mnu_Undo->setText(stack.canUndo() ? QStringLiteral("Undo ") + stack.undoText()
+                                          : QStringLiteral("Undo"));
         mnu_Redo->setEnabled(stack.canRedo());
-        mnu_Redo->setText(stack.canRedo() ? QStringLiteral("Redo ") + stack.redoText() : QStringLiteral("Redo"));
+        mnu_Redo->setText(stack.canRedo() ? QStringLiteral("Redo ") + stack.redoText()
+                                          : QStringLiteral("Redo"));
     };
     connect(&stack, &QUndoStack::indexChanged, this, follow);
     connect(&stack, &QUndoStack::canUndoChanged, this, follow);

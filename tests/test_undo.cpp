@@ -46,7 +46,8 @@ QString difference(const ProjectImage& want, const ProjectImage& got) {
         const auto shown = [&name](const ProjectImage& image) {
             const auto v = image.find(name);
             if (v == image.end()) return QStringLiteral("nothing");
-            return name.startsWith("file ") ? QStringLiteral("other bytes") : "'" + QString::fromUtf8(v->second) + "'";
+            return name.startsWith("file ") ? QStringLiteral("other bytes")
+                                            : "'" + QString::fromUtf8(v->second) + "'";
         };
         if (!want.count(name) || !got.count(name) || want.at(name) != got.at(name))
             return QStringLiteral("%1: want %2, got %3").arg(name, shown(want), shown(got));
