@@ -19,17 +19,19 @@
 //
 // Each measuring command prints "seconds <s>" and "peak-rss <KiB>".
 #include "corpus.h"
+#include "export/htmlexport.h"
+#include "export/htmlwords.h"
+#include "flows/importsequence.h"
+#include "flows/projectopen.h"
+#include "flows/projectsave.h"
 #include "images/jpegdecode.h"
 #include "images/panebatch.h"
 #include "images/paneimage.h"
-#include "images/reshape.h"
+#include "flows/reshape.h"
 #include "images/sequence.h"
-#include "export/htmlexport.h"
-#include "export/htmlwords.h"
 #include "model/numbers.h"
 #include "model/project.h"
 #include "model/projectfile.h"
-#include "model/projectopen.h"
 #include "model/prompts.h"
 #include "model/undohistory.h"
 
@@ -143,7 +145,8 @@ int encodeFloor(const Args& a) {
     const QStringList files = frameFiles(a.dir);
     std::vector<QImage> pictures;
     for (int i = 0; i < qMin<int>(files.size(), 50); ++i)
-        pictures.push_back(RenderPaneSquare(QImage(files[i]), a.cell, 0, 0).convertToFormat(QImage::Format_BGR888));
+        pictures.push_back(
+            RenderPaneSquare(QImage(files[i]), a.cell, 0, 0).convertToFormat(QImage::Format_BGR888));
     QElapsedTimer t;
     t.start();
     tjhandle h = tjInitCompress();
@@ -151,8 +154,8 @@ int encodeFloor(const Args& a) {
         const QImage& img = pictures[static_cast<size_t>(i) % pictures.size()];
         unsigned char* out = nullptr;
         unsigned long size = 0;
-        tjCompress2(h, img.constBits(), img.width(), static_cast<int>(img.bytesPerLine()), img.height(), TJPF_BGR,
-                    &out, &size, TJSAMP_420, 75, TJFLAG_BOTTOMUP);
+        tjCompress2(h, img.constBits(), img.width(), static_cast<int>(img.bytesPerLine()), img.height(),
+                    TJPF_BGR, &out, &size, TJSAMP_420, 75, TJFLAG_BOTTOMUP);
         tjFree(out);
     }
     tjDestroy(h);
@@ -171,7 +174,8 @@ void loadBuiltProject(Project& project, const QString& out) {
         pane.ImageFile = PaneImageName(project, p);
         pane.Text = QStringLiteral("Shot %1").arg(p);
     }
-    for (int id = 101; id <= 130; ++id) project.HtmlWords[static_cast<size_t>(id - 100)] = LoadResString(id);
+    for (int id = 101; id <= 130; ++id)
+        project.HtmlWords[static_cast<size_t>(id - 100)] = LoadResString(id);
 }
 
 int makeProject(const Args& a) {
@@ -182,8 +186,8 @@ int makeProject(const Args& a) {
     project.BoardCount = 40;
     assignFrames(project, frameFiles(a.dir), kMaxPane);
     StorePaneImages(project, 1, kMaxPane, static_cast<float>(a.cell), true);
-    SaveProjectFile(project, QStringLiteral("trip"), a.out + QStringLiteral("/trip.kv1"), a.out + QLatin1Char('/'),
-                    kMaxPane, 40, 5);
+    SaveProjectFile(project, QStringLiteral("trip"), a.out + QStringLiteral("/trip.kv1"),
+                    a.out + QLatin1Char('/'), kMaxPane, 40, 5);
     return 0;
 }
 
@@ -201,7 +205,8 @@ int save(const Args& a) {
     const QString folder = freshFolder(a.dir, "save");
     QElapsedTimer t;
     t.start();
-    SaveProjectFile(project, QStringLiteral("trip"), folder + QStringLiteral("trip.kv1"), folder, kMaxPane, 40, 5);
+    SaveProjectFile(project, QStringLiteral("trip"), folder + QStringLiteral("trip.kv1"), folder, kMaxPane,
+                    40, 5);
     report(t.nsecsElapsed() / 1e9);
     return 0;
 }
@@ -212,7 +217,8 @@ int open(const Args& a) {
     project.WorkFolder = work.path();
     QElapsedTimer t;
     t.start();
-    ReadProject(project, a.dir + QStringLiteral("/trip.kv1"), a.dir + QLatin1Char('/'), QStringLiteral("trip"));
+    ReadProject(project, a.dir + QStringLiteral("/trip.kv1"), a.dir + QLatin1Char('/'),
+                QStringLiteral("trip"));
     RebuildPaneImages(project, static_cast<float>(a.cell));
     report(t.nsecsElapsed() / 1e9);
     return 0;
@@ -280,12 +286,18 @@ int main(int argc, char** argv) {
     for (int i = 0; i < argsIn.size(); ++i) {
         const QString& s = argsIn[i];
         auto next = [&] { return i + 1 < argsIn.size() ? argsIn[++i].toInt() : 0; };
-        if (s == QLatin1String("--frames")) a.frames = next();
-        else if (s == QLatin1String("--cell")) a.cell = next();
-        else if (s == QLatin1String("--count")) a.count = next();
-        else if (a.command.isEmpty()) a.command = s;
-        else if (a.dir.isEmpty()) a.dir = s;
-        else a.out = s;
+        if (s == QLatin1String("--frames"))
+            a.frames = next();
+        else if (s == QLatin1String("--cell"))
+            a.cell = next();
+        else if (s == QLatin1String("--count"))
+            a.count = next();
+        else if (a.command.isEmpty())
+            a.command = s;
+        else if (a.dir.isEmpty())
+            a.dir = s;
+        else
+            a.out = s;
     }
     const std::map<QString, std::function<int(const Args&)>> commands{
         {QStringLiteral("corpus"),

@@ -16,10 +16,14 @@ struct UndoStep;
 struct ShownState {
     int BoardItems = 0;
     int Board = 0;
+    // A board setup leaves the stage cleared and Back and Next as they were, until the user moves.
+    bool BoardDrawn = true;
+    bool BackEnabled = false, NextEnabled = false;
     QStringList PaneItems;
     int ListRow = -1;
     qint16 SelectedPane = 0;
     QString EditText;
+    quint32 DragLineColour = 0; // the line takes the move highlight only when board Properties is accepted
 };
 
 // The project's settings that commands change.

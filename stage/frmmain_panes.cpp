@@ -1,3 +1,4 @@
+#include "flows/importsequence.h"
 #include "stage/frmmain.h"
 
 #include "stage/progress.h"
@@ -8,10 +9,10 @@
 #include "dialogs/frmhelp.h"
 #include "dialogs/frmmsgbox.h"
 #include "dialogs/frmoptions.h"
+#include "flows/reshape.h"
 #include "images/paneflip.h"
 #include "images/paneimage.h"
 #include "images/picture.h"
-#include "images/reshape.h"
 #include "images/sequence.h"
 #include "images/shuffle.h"
 #include "model/boardsetup.h"
@@ -135,8 +136,8 @@ void frmMain::ChangeProject() {
     ReshapeProject(project.GridSide, project.BoardCount, StageSize, discard);
     project.IsBusy = false;
     picStage->setCursor(Qt::ArrowCursor);
-    // The new shape is shown at once, from its first board.
-    DrawCurrentBoard();
+    // Nothing is drawn: the chooser was refilled while busy, so the stage stays cleared, and
+    // Back, Next, the text row and the selected pane stay as they were, until the user moves.
 }
 
 void frmMain::ReshapeProject(qint16 gridSide, qint16 boardCount, float stageSize, bool discard) {

@@ -51,12 +51,16 @@ ShownState frmMain::shownState() const {
     ShownState s;
     s.BoardItems = Combo_PageView->count();
     s.Board = Combo_PageView->currentIndex();
+    s.BoardDrawn = !picStage->Picture.isNull();
+    s.BackEnabled = ButtonBack->isEnabled();
+    s.NextEnabled = ButtonNext->isEnabled();
     s.PaneItems.reserve(List1->count());
     for (int i = 0; i < List1->count(); ++i)
         s.PaneItems << List1->item(i)->text();
     s.ListRow = List1->currentRow();
     s.SelectedPane = SelectedPane;
     s.EditText = Text1->text();
+    s.DragLineColour = picStage->Line1.BorderColor.rgb();
     return s;
 }
 
@@ -79,10 +83,16 @@ void frmMain::showState(const ShownState& s) {
     Combo_PageView->setCurrentIndex(s.Board);
     project.IsBusy = false;
     picStage->ClearPicture();
-    DrawCurrentBoard();
+    if (s.BoardDrawn) {
+        DrawCurrentBoard();
+    } else {
+        ButtonBack->setEnabled(s.BackEnabled);
+        ButtonNext->setEnabled(s.NextEnabled);
+    }
     List1->setCurrentRow(s.ListRow);
     Text1->setText(s.EditText);
     SelectedPane = s.SelectedPane;
+    picStage->Line1.BorderColor = QColor::fromRgb(s.DragLineColour);
     enablePaneCommands();
     picStage->NotifyDescriptionChanged();
 }

@@ -16,18 +16,21 @@ namespace {
 // lists and every file of the working folder.
 using ProjectImage = std::map<QString, QByteArray>;
 
+QByteArray bytesOf(const Values& values) {
+    return values.texts.join(QLatin1Char('|')).toUtf8();
+}
+
 ProjectImage imageOf(const StartedMain& m) {
     ProjectImage s;
     const Project& p = m.project;
     for (int i = 0; i <= kMaxPane; ++i) {
         const Pane& r = p.Panes(i);
-        s[QStringLiteral("pane %1").arg(i)] = Joined(r.Text, r.Label, r.Url, r.FlipHorizontal, r.FlipVertical,
-                                                     r.ImageFile, r.SourceFile, r.SourceStem)
-                                                  .toUtf8();
+        s[QStringLiteral("pane %1").arg(i)] =
+            bytesOf(Joined(r.Text, r.Label, r.Url, r.FlipHorizontal, r.FlipVertical, r.ImageFile,
+                           r.SourceFile, r.SourceStem));
     }
-    s["settings"] = Joined(p.GridSide, p.BoardCount, p.BoardTitle, p.FooterText, p.GlobalHighlightColor,
-                           p.MoveHighlightColor)
-                        .toUtf8();
+    s["settings"] = bytesOf(Joined(p.GridSide, p.BoardCount, p.BoardTitle, p.FooterText,
+                                   p.GlobalHighlightColor, p.MoveHighlightColor));
     const QStringList items = ItemsOf(m.w->List1);
     for (int i = 0; i < items.size(); ++i)
         s[QStringLiteral("list item %1").arg(i)] = items[i].toUtf8();
@@ -328,6 +331,32 @@ private slots:
         QCOMPARE(w->List1->currentRow(), 2);
         QCOMPARE(w->Text1->text(), "Three");
         QCOMPARE(w->mnu_Redo->text(), "Redo Swap Item");
+
+        // Board Properties recolours the drag line and Board Setup leaves the stage cleared:
+        // undo brings back the line's colour and the drawn board, redo the cleared stage.
+        w->ShowModal = [&](QDialog& d) {
+            if (&d == w->Options) {
+                w->Options->Combo_MoveHighlight->setCurrentIndex(2);
+                w->Options->Button_acceptOrclose[1]->click();
+            } else {
+                w->AddNew->Combo_MatrixSize->setCurrentIndex(1);
+                w->AddNew->Button_acceptOrclose[1]->click();
+            }
+        };
+        const QColor line = w->picStage->Line1.BorderColor;
+        w->mnu_BoardOptions->trigger();
+        QVERIFY(w->picStage->Line1.BorderColor != line);
+        w->mnu_ChangeProject->trigger();
+        QCOMPARE(m.project.GridSide, 3);
+        QVERIFY(w->picStage->Picture.isNull());
+        w->mnu_Undo->trigger();
+        QCOMPARE(m.project.GridSide, 2);
+        QCOMPARE(colours(), swapped);
+        w->mnu_Redo->trigger();
+        QVERIFY(w->picStage->Picture.isNull());
+        w->mnu_Undo->trigger();
+        w->mnu_Undo->trigger();
+        QCOMPARE(w->picStage->Line1.BorderColor, line);
 
         // Saving keeps the history; opening a project ends it.
         m.prompts.answers.enqueue(m.path("trip.kv1"));
