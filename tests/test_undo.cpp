@@ -7,6 +7,8 @@
 #include "model/numbers.h"
 #include "support/mainwindow.h"
 
+#include <QDropEvent>
+#include <QMimeData>
 #include <QRandomGenerator>
 #include <QUndoStack>
 #include <map>
@@ -58,8 +60,8 @@ QString difference(const ProjectImage& want, const ProjectImage& got) {
     return {};
 }
 
-// A user at work: random commands through the menus, buttons, mouse and keyboard, every dialog
-// answered at random.
+// A user at work: random commands through the menus, buttons, mouse, keyboard and file drops,
+// every dialog answered at random.
 struct Session {
     StartedMain& m;
     QRandomGenerator random;
@@ -102,7 +104,7 @@ struct Session {
     void command() {
         frmMain* w = m.w.get();
         const int cells = CellsPerBoard(m.project);
-        switch (bound(16)) {
+        switch (bound(17)) {
         case 0:
         case 1: { // a drag between two panes of the board
             const QPoint from = m.centre(1 + bound(cells)), to = m.centre(1 + bound(cells));
@@ -162,6 +164,17 @@ struct Session {
         case 14:
             if (bound(3) == 0) (bound(2) ? w->mnu_ChangeProject : w->mnu_BoardChangeProject)->trigger();
             break;
+        case 15: { // pictures dropped on a pane from the file manager
+            QMimeData data;
+            data.setUrls({QUrl::fromLocalFile(sources[bound(5)]), QUrl::fromLocalFile(sources[bound(5)])});
+            const QPoint at = w->picStage->mapTo(w, m.centre(1 + bound(cells)));
+            QDragEnterEvent enter(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+            QCoreApplication::sendEvent(w, &enter);
+            QDropEvent drop(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+            QCoreApplication::sendEvent(w, &drop);
+            QCoreApplication::processEvents();
+            break;
+        }
         default: // moving between boards changes nothing
             w->Toolbar1_ButtonClick(bound(2) ? QStringLiteral("Next") : QStringLiteral("Back"));
         }
