@@ -6,5 +6,6 @@
 ToolCommand InfoCommand();
 ToolCommand CopyCommand();
 ToolCommand ExportCommand();
+ToolCommand PdfCommand();
 
 QList<ToolCommand> Kv1Commands();

@@ -16,11 +16,14 @@
 //   kelvrin_bench undo OUT                      undo of a Clear All and of a discarding Board Setup
 //                                               on that project (records and pictures, no redraw);
 //                                               the slower of the two
+//   kelvrin_bench pdf DIR OUT                   the contact sheet PDF of 1000 panes whose pictures
+//                                               are DIR's frames, a board a page, to a new folder
 //
 // Each measuring command prints "seconds <s>" and "peak-rss <KiB>".
 #include "corpus.h"
 #include "export/htmlexport.h"
 #include "export/htmlwords.h"
+#include "export/sheetpainter.h"
 #include "flows/importsequence.h"
 #include "flows/projectopen.h"
 #include "flows/projectsave.h"
@@ -275,6 +278,17 @@ int exportProject(const Args& a) {
     report(t.nsecsElapsed() / 1e9);
     return ok ? 0 : 1;
 }
+int pdf(const Args& a) {
+    Project project;
+    loadBuiltProject(project, a.out);
+    assignFrames(project, frameFiles(a.dir), kMaxPane);
+    const QString folder = freshFolder(a.out, "pdf");
+    QElapsedTimer t;
+    t.start();
+    const SheetResult result = WriteSheetPdf(folder + QStringLiteral("sheet.pdf"), project, SheetOptions{});
+    report(t.nsecsElapsed() / 1e9);
+    return result.complete && result.missing.isEmpty() ? 0 : 1;
+}
 } // namespace
 
 int main(int argc, char** argv) {
@@ -313,7 +327,8 @@ int main(int argc, char** argv) {
         {QStringLiteral("save"), save},
         {QStringLiteral("open"), open},
         {QStringLiteral("export"), exportProject},
-        {QStringLiteral("undo"), undo}};
+        {QStringLiteral("undo"), undo},
+        {QStringLiteral("pdf"), pdf}};
     const auto it = commands.find(a.command);
     if (it == commands.end() || a.dir.isEmpty()) {
         std::fprintf(stderr, "usage: kelvrin_bench COMMAND DIR [OUT] [options] (see bench/bench.cpp)\n");

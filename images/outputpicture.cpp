@@ -3,6 +3,7 @@
 #include "images/picture.h"
 #include "model/runtimeerror.h"
 
+#include <QImageReader>
 #include <QPainter>
 
 namespace {
@@ -42,7 +43,18 @@ OutputPicture LoadOutputPicture(const Pane& pane, QSize atLeast) {
     }
     // The working picture already has its flips applied.
     picture = tryLoad(pane.ImageFile, QSize());
-    if (picture.isNull()) out.missing = true;
-    else out.image = opaque(picture);
+    if (picture.isNull())
+        out.missing = true;
+    else
+        out.image = opaque(picture);
     return out;
+}
+
+OutputPicture LoadOutputPictureToFit(const Pane& pane, QSize box) {
+    QSize atLeast = box;
+    // Only the header is read here; a size that cannot be told leaves the whole box to cover.
+    const QSize full =
+        pane.ImageFile == kNone || pane.SourceFile == kNone ? QSize() : QImageReader(pane.SourceFile).size();
+    if (!full.isEmpty()) atLeast = full.scaled(box, Qt::KeepAspectRatio).expandedTo(QSize(1, 1));
+    return LoadOutputPicture(pane, atLeast);
 }

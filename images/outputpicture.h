@@ -17,3 +17,7 @@ struct OutputPicture {
 // cannot be read, its working picture. A pane without a picture gives a null image and missing
 // false. Safe to call from several threads at once for different panes.
 OutputPicture LoadOutputPicture(const Pane& pane, QSize atLeast);
+
+// The same for a picture that is to fit inside `box` keeping its proportions: decoded only as large
+// as that needs (a wide picture in a square box needs its width, not its height, to cover the box).
+OutputPicture LoadOutputPictureToFit(const Pane& pane, QSize box);

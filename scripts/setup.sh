@@ -10,6 +10,8 @@ kelvrin_packages=(g++ cmake ninja-build pkg-config qt6-base-dev libturbojpeg0-de
 kelvrin_packages+=(desktop-file-utils appstream man-db file)
 # ... and the MIME type of project files with these.
 kelvrin_packages+=(shared-mime-info xdg-utils libglib2.0-bin)
+# The contact sheet tests read their PDFs back with these.
+kelvrin_packages+=(poppler-utils)
 
 kelvrin_install() {
     local missing=() p

@@ -7,6 +7,7 @@
 #include "dialogs/frmhtml.h"
 #include "dialogs/frmmsgbox.h"
 #include "dialogs/frmoptions.h"
+#include "dialogs/frmsheet.h"
 #include "dialogs/typinglimit.h"
 #include "export/htmlwords.h"
 #include "images/jpeglibrary.h"
@@ -87,6 +88,7 @@ frmMain::frmMain(Project& project, Prompts& prompts, QWidget* parent)
     MsgBox = new frmMsgBox(project, this);
     About = new frmAbout(this);
     CloseUp = new frmCloseUp(this);
+    Sheet = new frmSheet(project, this);
 
     // The layout follows the desktop's work area, whether the window or the desktop changed.
     if (QScreen* s = QGuiApplication::primaryScreen())
@@ -186,6 +188,10 @@ void frmMain::buildMenus() {
     mnu_File->addSeparator();
     mnu_ExportHTML = addCommand(mnu_File, "mnu_ExportHTML", QStringLiteral("Export As Html"),
                                 &frmMain::mnu_ExportHTML_Click);
+    mnu_File->addSeparator();
+    mnu_Print = addCommand(mnu_File, "mnu_Print", QStringLiteral("Print ..."), &frmMain::mnu_Print_Click);
+    mnu_ExportPDF = addCommand(mnu_File, "mnu_ExportPDF", QStringLiteral("Export As PDF ..."),
+                               &frmMain::mnu_ExportPDF_Click);
     mnu_File->addSeparator();
     mnu_OpenRecent = mnu_File->addMenu(QStringLiteral("Open Recent"));
     mnu_OpenRecent->setObjectName(QStringLiteral("mnu_OpenRecent"));

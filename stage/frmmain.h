@@ -1,5 +1,6 @@
 #pragma once
 
+#include "export/contactsheet.h"
 #include "model/project.h"
 #include "model/prompts.h"
 #include "model/undohistory.h"
@@ -24,6 +25,8 @@ class frmHelp;
 class frmMsgBox;
 class frmAbout;
 class frmCloseUp;
+class frmSheet;
+class QPrinter;
 
 // The main window: the stage with the current board, the side panel with the board chooser,
 // the pane list and the edit row, and the menus. Its handlers read the controls and call the
@@ -76,6 +79,8 @@ public:
     QAction* mnu_SaveAs;
     QAction* mnu_ChangeProject;
     QAction* mnu_ExportHTML;
+    QAction* mnu_Print;
+    QAction* mnu_ExportPDF;
     QAction* mnu_Exit;
     QAction* mnu_Undo;
     QAction* mnu_Redo;
@@ -103,6 +108,7 @@ public:
     frmMsgBox* MsgBox;
     frmAbout* About;
     frmCloseUp* CloseUp;
+    frmSheet* Sheet;
 
     // Layout and stage state.
     qint16 LastWorkAreaWidth = 0;
@@ -114,6 +120,12 @@ public:
     bool DragActive = false;
     qint16 SkipNotice = 0; // the operation notice's opt-out for this run
     QString LastFileName;  // the path chosen last in a file dialog
+    QString ProjectFile;   // the project's file once opened or saved; names what is made from it
+
+    // Contact sheets (frmmain_sheets.cpp): the PDF's name offered first, and the painting of the
+    // sheet on a printer with a progress window that can cancel it.
+    QString SheetPdfName() const;
+    void PaintSheetOn(QPrinter& printer, const SheetOptions& options, QWidget* progressParent);
 
     // Layout.
     qint16 LayoutStage();
@@ -194,6 +206,8 @@ public:
     void mnu_SaveAs_Click();
     void mnu_ChangeProject_Click();
     void mnu_ExportHTML_Click();
+    void mnu_Print_Click();
+    void mnu_ExportPDF_Click();
     void mnu_Exit_Click();
     void mnu_BoardOptions_Click();
     void mnu_RandomShuffle_Click();

@@ -16,6 +16,7 @@ void frmMain::addKeyboardAccess() {
     mnu_OpenProject->setShortcut(QKeySequence::Open);
     mnu_SaveAs->setShortcut(QKeySequence(QStringLiteral("Ctrl+Shift+S")));
     mnu_ExportHTML->setShortcut(QKeySequence(QStringLiteral("Ctrl+E")));
+    mnu_Print->setShortcut(QKeySequence(QStringLiteral("Ctrl+P")));
     mnu_Exit->setShortcut(QKeySequence(QStringLiteral("Ctrl+Q")));
     mnu_Help->setShortcut(QKeySequence::HelpContents);
 

@@ -52,6 +52,7 @@ void frmMain::SaveProject() {
     if (project.DialogReply[1] == kNone) return;
     SaveProjectFile(project, project.DialogReply[3], project.DialogReply[1], project.DialogReply[2],
                     paneTotal, boards, project.GridSide);
+    ProjectFile = project.DialogReply[1];
     NoteRecentProject(project.DialogReply[1]);
 }
 
@@ -92,6 +93,7 @@ void frmMain::OpenChosenProject() {
     project.IsBusy = false;
     picStage->setCursor(Qt::ArrowCursor);
     DrawCurrentBoard();
+    ProjectFile = path;
     NoteRecentProject(path);
     // The steps before belong to another project.
     History.Clear();

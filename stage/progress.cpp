@@ -1,10 +1,10 @@
 #include "stage/progress.h"
 
-ProgressWindow::ProgressWindow(QWidget* parent, Project& project, const QString& label)
+ProgressWindow::ProgressWindow(QWidget* parent, Project& project, const QString& label, bool cancellable)
     : dialog_(label, QString(), 0, 0, parent), project_(project), wasBusy_(project.IsBusy) {
     dialog_.setWindowTitle(QStringLiteral("Kelvrin"));
     dialog_.setWindowModality(Qt::WindowModal);
-    dialog_.setCancelButton(nullptr);
+    if (!cancellable) dialog_.setCancelButton(nullptr);
     dialog_.setMinimumDuration(1000);
     dialog_.setAutoClose(false);
     dialog_.setAutoReset(false);
@@ -22,5 +22,12 @@ std::function<void(int, int)> ProgressWindow::Callback() {
         dialog_.setLabelText(dialog_.labelText().section(QLatin1Char('\n'), 0, 0) +
                              QStringLiteral("\n%1 of %2").arg(done).arg(total));
         dialog_.setValue(done);
+    };
+}
+
+std::function<bool(int, int)> ProgressWindow::CancellableCallback() {
+    return [this, update = Callback()](int done, int total) {
+        update(done, total);
+        return !dialog_.wasCanceled();
     };
 }

@@ -160,12 +160,13 @@ void TestBadInput::brokenPictures() {
             QCOMPARE(path + m.prompts.messages.last().text, path + "I found only 1 compatible image.");
             QCOMPARE(m.project.Panes(2).SourceFile, path); // the pane at the halt keeps what it had
 
-            // Dropped after a good one: the good one lands, the broken one ends in its run-time error
-            // and leaves its pane alone.
+            // Dropped after a good one: the good one lands, the broken one is reported and leaves
+            // its pane alone.
             QCOMPARE(path + Str(ErrorNumberOf([&] {
                          m.w->DropPictures({m.path(damage + "1." + ext), path}, 3);
                      })),
-                     path + "481");
+                     path + "0");
+            QCOMPARE(path + m.prompts.messages.last().title, path + "Kelvrin : Import");
             QCOMPARE(m.project.Panes(3).SourceFile, m.path(damage + "1." + ext));
             QCOMPARE(m.project.Panes(4).SourceFile, QString(kNone));
         }

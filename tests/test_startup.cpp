@@ -81,7 +81,7 @@ private slots:
         menus << "(pane list) " + captionsOf(m.w->mnu_EditList->actions());
         QCOMPARE(menus,
                  QStringList({"File: Open Project, Save Project As, Change Project, -, Export As Html, -, "
-                              "Open Recent, -, Exit",
+                              "Print ..., Export As PDF ..., -, Open Recent, -, Exit",
                               "Edit: Undo, Redo",
                               "Board: Change Project, Properties, -, Image Shuffle",
                               "Pane: Picture ..., Mass Image Import ..., -, Flip Horizontally, Flip "

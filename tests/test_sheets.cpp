@@ -1,0 +1,446 @@
+// Contact sheets: where the panes of a 1000-pane project go for each choice of panes per page
+// (computed, not drawn), long texts, a pane's picture for output, PDFs read back with poppler's
+// tools, kv1 pdf, and Print and Export As PDF from the File menu.
+#include "dialogs/frmsheet.h"
+#include "export/sheetpainter.h"
+#include "images/outputpicture.h"
+#include "support/mainwindow.h"
+
+#include <QPrintPreviewDialog>
+#include <QProcess>
+
+namespace {
+struct Run {
+    int status;
+    QString out, err;
+};
+Run run(const QString& program, const QStringList& arguments) {
+    QProcess process;
+    process.start(program, arguments);
+    process.waitForFinished(-1);
+    return {process.exitCode(), process.readAllStandardOutput(), process.readAllStandardError()};
+}
+// "Pages:", "Page size:" and the like, as pdfinfo tells them.
+QString pdfInfo(const QString& pdf, const QString& field) {
+    for (const QString& line : run("pdfinfo", {pdf}).out.split('\n'))
+        if (line.startsWith(field + ':')) return line.mid(field.size() + 1).trimmed();
+    return {};
+}
+// The rows of pdfimages -list after its two header lines.
+int pdfImageCount(const QString& pdf) {
+    return run("pdfimages", {"-list", pdf}).out.trimmed().split('\n').size() - 2;
+}
+
+// A project in a temporary folder whose panes get real pictures.
+struct SheetProject {
+    QTemporaryDir dir;
+    Project p;
+    SheetProject(int grid, int boards) {
+        p.GridSide = qint16(grid), p.BoardCount = qint16(boards);
+        p.WorkFolder = dir.filePath("work");
+        QDir().mkpath(p.WorkFolder);
+    }
+    QString path(const QString& name) const { return dir.filePath(name); }
+    void give(int pane, const QImage& image) {
+        const QString stem = QString("shot%1").arg(pane);
+        QVERIFY(WriteBmp(image, path(stem + ".bmp")));
+        p.Panes(pane).SourceFile = path(stem + ".bmp");
+        p.Panes(pane).SourceStem = stem;
+        StorePaneImage(p, qint16(pane), 32.0f, true);
+    }
+};
+
+SheetLayout layOut(const Project& p, const SheetOptions& o, const CaptionHeight& caption = {}) {
+    return LayOutSheet(p, o, SheetPageSize(SheetPageLayout(o)), caption);
+}
+// Page, column and row of every pane, read from the rectangles: columns and rows are the
+// distinct left and top edges of a page, in order.
+struct Place {
+    int page = -1, column = -1, row = -1;
+    bool operator==(const Place& o) const { return page == o.page && column == o.column && row == o.row; }
+};
+char* toString(const Place& p) {
+    return QTest::toString(QString("page %1 column %2 row %3").arg(p.page).arg(p.column).arg(p.row));
+}
+QMap<int, Place> placesOf(const SheetLayout& layout) {
+    QMap<int, Place> places;
+    for (int page = 0; page < layout.pages.size(); ++page) {
+        QList<double> lefts, tops;
+        for (const SheetCell& c : layout.pages[page].cells) {
+            if (!lefts.contains(c.picture.left())) lefts << c.picture.left();
+            if (!tops.contains(c.picture.top())) tops << c.picture.top();
+        }
+        std::sort(lefts.begin(), lefts.end());
+        std::sort(tops.begin(), tops.end());
+        for (const SheetCell& c : layout.pages[page].cells)
+            places[c.pane] = {page, int(lefts.indexOf(c.picture.left())), int(tops.indexOf(c.picture.top()))};
+    }
+    return places;
+}
+// The first fault of a layout's geometry: a cell outside the body or overlapping another.
+QString geometryFault(const SheetLayout& layout) {
+    for (const SheetPage& page : layout.pages)
+        for (const SheetCell& c : page.cells) {
+            const QRectF whole = c.picture.united(c.caption);
+            if (!layout.body.adjusted(-0.01, -0.01, 0.01, 0.01).contains(whole))
+                return QString("pane %1 leaves the body").arg(c.pane);
+            for (const SheetCell& d : page.cells)
+                if (d.pane != c.pane && whole.intersects(d.picture.united(d.caption)))
+                    return QString("panes %1 and %2 overlap").arg(c.pane).arg(d.pane);
+        }
+    return {};
+}
+} // namespace
+
+class TestSheets : public QObject {
+    Q_OBJECT
+private slots:
+    void placementOfAThousandPanes_data() {
+        QTest::addColumn<int>("grid");
+        QTest::addColumn<int>("perPage");
+        QTest::addColumn<bool>("landscape");
+        QTest::addColumn<int>("columns");
+        QTest::addColumn<int>("pages");
+        QTest::newRow("a 5 x 5 board a page") << 5 << 0 << false << 5 << 40;
+        QTest::newRow("a 4 x 4 board a page, landscape") << 4 << 0 << true << 4 << 62;
+        QTest::newRow("1") << 5 << 1 << false << 1 << 1000;
+        QTest::newRow("2 portrait") << 5 << 2 << false << 1 << 500;
+        QTest::newRow("2 landscape") << 5 << 2 << true << 2 << 500;
+        QTest::newRow("3") << 5 << 3 << false << 1 << 334;
+        QTest::newRow("4") << 5 << 4 << true << 2 << 250;
+        QTest::newRow("6") << 5 << 6 << false << 2 << 167;
+        QTest::newRow("9") << 5 << 9 << true << 3 << 112;
+        QTest::newRow("12 portrait") << 5 << 12 << false << 3 << 84;
+        QTest::newRow("12 landscape") << 5 << 12 << true << 4 << 84;
+    }
+    // Pane k goes to slot k - 1 of the sequence of pages, row by row; a board per page starts
+    // every board on a page of its own.
+    void placementOfAThousandPanes() {
+        QFETCH(int, grid);
+        QFETCH(int, perPage);
+        QFETCH(bool, landscape);
+        QFETCH(int, columns);
+        QFETCH(int, pages);
+        Project p;
+        p.GridSide = qint16(grid), p.BoardCount = qint16(1000 / (grid * grid));
+        for (int i = 1; i <= 1000; i += 7)
+            p.Panes(i).Text = "A text of usual length";
+        SheetOptions o;
+        o.perPage = perPage, o.landscape = landscape;
+        const SheetLayout layout = layOut(p, o);
+        QCOMPARE(layout.pages.size(), pages);
+        QCOMPARE(layout.cellCount(), int(PaneTotal(p)));
+        QCOMPARE(geometryFault(layout), QString());
+        const int perSheet = perPage ? perPage : grid * grid;
+        const QMap<int, Place> places = placesOf(layout);
+        for (int k = 1; k <= PaneTotal(p); ++k) {
+            const int slot = (k - 1) % perSheet;
+            QCOMPARE(places.value(k), (Place{(k - 1) / perSheet, slot % columns, slot / columns}));
+        }
+        QCOMPARE(SheetPageSubject(layout.pages[1]),
+                 perPage == 1 ? QString("Pane 2")
+                 : perPage    ? QString("Panes %1 to %2").arg(perSheet + 1).arg(2 * perSheet)
+                              : QString("Board 2"));
+    }
+
+    // A caption longer than the room kept for it shrinks its row's pictures; past half their
+    // height the row grows and the rows after it move on, to the next page when they no longer fit.
+    void longCaptionsShrinkThenFlow() {
+        Project p;
+        p.GridSide = 3, p.BoardCount = 4; // 36 panes, 12 a page: 3 pages
+        SheetOptions o;
+        o.perPage = 12;
+        const SheetLayout usual = layOut(p, o, [](int, double) { return 100.0; });
+        const double picture = usual.pages[0].cells[0].picture.height();
+        for (double caption : {picture * 0.3, picture * 1.5}) {
+            const SheetLayout layout =
+                layOut(p, o, [caption](int pane, double) { return pane == 5 ? caption : 100.0; });
+            QCOMPARE(geometryFault(layout), QString());
+            const SheetCell five = layout.pages[0].cells[4];
+            QCOMPARE(five.caption.height(), caption);
+            QCOMPARE(layout.pages[0].cells[3].picture.height(), five.picture.height()); // its row
+            QCOMPARE(layout.pages[0].cells[0].picture.height(), picture);               // another row
+            const bool flows = caption > picture;
+            QVERIFY(five.picture.height() < picture);
+            QCOMPARE(five.picture.height() == picture / 2, flows);
+            QCOMPARE(layout.pages.size(), flows ? 4 : 3);
+            QCOMPARE(layout.pages[0].cells.size(), flows ? 9 : 12);
+            QCOMPARE(placesOf(layout).value(10), flows ? (Place{1, 0, 0}) : (Place{0, 0, 3}));
+        }
+        // A board whose rows do not fit goes on over pages of its own; the next board starts afresh.
+        o.perPage = 0;
+        const SheetLayout boards = layOut(p, o, [](int pane, double) { return pane == 4 ? 4000.0 : 100.0; });
+        QCOMPARE(boards.pages.size(), 6);
+        for (int page : {1, 2}) {
+            QCOMPARE(SheetPageSubject(boards.pages[page]), QString("Board 1, continued"));
+            QCOMPARE(boards.pages[page].cells.first().pane, 3 * page + 1);
+        }
+        QCOMPARE(SheetPageSubject(boards.pages[3]), QString("Board 2"));
+
+        // Real fonts: a text of 256 characters takes more lines than are kept, a short one fewer.
+        p.Panes(1).Text = QString("Word ").repeated(51) + "X";
+        p.Panes(2).Text = "Short";
+        const QList<CaptionBlock> blocks = CaptionBlocks(p, 1, o);
+        QCOMPARE(blocks.size(), 2);
+        QCOMPARE(blocks[0].text, QString("1"));
+        const SheetLayout real = layOut(p, o);
+        const double width = real.pages[0].cells[0].caption.width();
+        QVERIFY(MeasureCaption(blocks, width) > 3 * BlockHeight({CaptionBlock::Text, "Short"}, width));
+        QVERIFY(real.pages[0].cells[0].picture.height() < real.pages[0].cells[3].picture.height());
+        QCOMPARE(geometryFault(real), QString());
+    }
+
+    void outputPicture_data() {
+        QTest::addColumn<int>("flipH");
+        QTest::addColumn<int>("flipV");
+        QTest::addColumn<QString>("source"); // "bmp", "jpeg", "gone" or "none"
+        QTest::addColumn<QString>("quadrants");
+        QTest::addColumn<QSize>("size");   // asked to cover 100 x 100
+        QTest::addColumn<QSize>("fitted"); // asked to fit inside 100 x 100
+        QTest::addColumn<bool>("missing");
+        const QSize whole(400, 200), none;
+        QTest::newRow("as made") << 0 << 0 << "bmp"
+                                 << "TL TR BL BR" << whole << whole << false;
+        QTest::newRow("left to right") << 1 << 0 << "bmp"
+                                       << "TR TL BR BL" << whole << whole << false;
+        QTest::newRow("both") << 1 << 1 << "bmp"
+                              << "BR BL TR TL" << whole << whole << false;
+        // A JPEG comes at the smallest scale that covers, or fills when fitted, the size asked for.
+        QTest::newRow("top to bottom, JPEG") << 0 << 1 << "jpeg"
+                                             << "BL BR TL TR" << QSize(200, 100) << QSize(100, 50) << false;
+        // The working picture is square and carries its flips already.
+        QTest::newRow("source gone: the working picture")
+            << 1 << 0 << "gone"
+            << "TR TL BR BL" << QSize(32, 32) << QSize(32, 32) << false;
+        QTest::newRow("nothing readable") << 0 << 0 << "none"
+                                          << "" << none << none << true;
+    }
+    // The source in its own proportions with the pane's flips, or the working picture.
+    void outputPicture() {
+        QFETCH(int, flipH);
+        QFETCH(int, flipV);
+        QFETCH(QString, source);
+        SheetProject s(2, 1);
+        Pane& pane = s.p.Panes(1);
+        pane.FlipHorizontal = qint16(flipH), pane.FlipVertical = qint16(flipV);
+        s.give(1, QuadrantPicture(400, 200));
+        if (source == "jpeg") {
+            QVERIFY(WriteJpeg(QuadrantPicture(400, 200), s.path("shot1.jpg")));
+            pane.SourceFile = s.path("shot1.jpg");
+        }
+        if (source == "gone" || source == "none") QFile::remove(pane.SourceFile);
+        if (source == "none") QFile::remove(pane.ImageFile);
+        const OutputPicture out = LoadOutputPicture(pane, QSize(100, 100));
+        QTEST(out.image.isNull() ? QString() : QuadrantsOf(out.image), "quadrants");
+        QTEST(out.image.isNull() ? QSize() : out.image.size(), "size");
+        QTEST(out.missing, "missing");
+        const OutputPicture fitted = LoadOutputPictureToFit(pane, QSize(100, 100));
+        QTEST(fitted.image.isNull() ? QSize() : fitted.image.size(), "fitted");
+        QTEST(fitted.missing, "missing");
+        // A blank pane has nothing and misses nothing.
+        const OutputPicture blank = LoadOutputPicture(s.p.Panes(2), QSize(100, 100));
+        QVERIFY(blank.image.isNull() && !blank.missing);
+    }
+
+    // Written, then read back as a reader of the PDF would: every text findable, one picture per
+    // pane with one, the pages and paper asked for, links kept.
+    void pdfReadBack_data() {
+        QTest::addColumn<int>("perPage");
+        QTest::addColumn<bool>("landscape");
+        QTest::addColumn<int>("paper");
+        QTest::addColumn<QString>("pages");
+        QTest::addColumn<QString>("size");
+        QTest::newRow("6 on A4") << 6 << false << int(QPageSize::A4) << "3"
+                                 << "595 x 842 pts (A4)";
+        QTest::newRow("a board on Letter, landscape") << 0 << true << int(QPageSize::Letter) << "2"
+                                                      << "792 x 612 pts (letter)";
+    }
+    void pdfReadBack() {
+        QFETCH(int, perPage);
+        QFETCH(bool, landscape);
+        QFETCH(int, paper);
+        SheetProject s(3, 2);
+        s.p.BoardTitle = "Harbour at Dawn", s.p.FooterText = "Draft two, Orvane Works";
+        const QStringList texts = {"Fog over the water", "Café “Größe” – 5 € naïve", "The ferry arrives"};
+        for (int i = 1; i <= 18; ++i) {
+            if (i != 3 && i != 12) s.give(i, QuadrantPicture(160, 90));
+            s.p.Panes(i).Text = texts[i % 3] + QString(" %1").arg(i);
+        }
+        s.p.Panes(4).Label = "Establishing";
+        s.p.Panes(5).Url = "https://example.org/shot/5";
+        QFile::remove(s.p.Panes(8).SourceFile);
+        QFile::remove(s.p.Panes(8).ImageFile); // pane 8's picture is gone altogether
+        SheetOptions o;
+        o.perPage = perPage, o.landscape = landscape, o.paper = QPageSize::PageSizeId(paper);
+        o.labels = o.urls = true;
+        o.dpi = 100;
+        const QString pdf = s.path("sheet.pdf");
+        const SheetResult result = WriteSheetPdf(pdf, s.p, o);
+        QVERIFY(result.complete);
+        QCOMPARE(result.missing, QList<int>{8});
+        QTEST(pdfInfo(pdf, "Pages"), "pages");
+        QTEST(pdfInfo(pdf, "Page size"), "size");
+        QCOMPARE(pdfInfo(pdf, "Title"), QString("Harbour at Dawn"));
+        QCOMPARE(pdfImageCount(pdf), 15); // 18 panes, two blank, one missing
+
+        const QString text = run("pdftotext", {"-raw", pdf, "-"}).out;
+        QStringList expected = {
+            "Harbour at Dawn", "Draft two, Orvane Works",    "Page 2 of " + pdfInfo(pdf, "Pages"),
+            "Establishing",    "https://example.org/shot/5", "picture missing"};
+        for (int i = 1; i <= 18; ++i)
+            expected << texts[i % 3] + QString(" %1").arg(i);
+        for (const QString& wanted : expected)
+            QVERIFY2(text.contains(wanted), qPrintable(wanted + " is not in the PDF"));
+        QVERIFY(ReadAll(pdf).contains("(https://example.org/shot/5)")); // a link annotation's URI
+    }
+
+    // The picture on paper shows the pane's flips: its quadrants are mirrored.
+    void flippedPictureOnPaper() {
+        SheetProject s(2, 1);
+        s.p.Panes(1).FlipHorizontal = 1;
+        s.p.Panes(2).FlipHorizontal = 1, s.p.Panes(2).FlipVertical = 1;
+        s.give(1, QuadrantPicture(300, 150));
+        s.give(2, QuadrantPicture(300, 150));
+        SheetOptions o;
+        o.perPage = 1, o.dpi = 60;
+        const QString pdf = s.path("flips.pdf");
+        QVERIFY(WriteSheetPdf(pdf, s.p, o).complete);
+        QCOMPARE(run("pdftoppm", {"-png", "-r", "72", pdf, s.path("page")}).status, 0);
+        const SheetLayout layout = layOut(s.p, o);
+        const QRectF paint = SheetPageLayout(o).paintRect(QPageLayout::Point);
+        for (int page : {0, 1}) {
+            const QImage rendered(s.path(QString("page-%1.png").arg(page + 1)));
+            QCOMPARE(rendered.size(), QSize(595, 842));
+            // The picture lies in the box's top left corner, as wide as the box at 2:1.
+            const QRectF box = layout.pages[page].cells[0].picture;
+            const QRect at = QRectF(paint.left() + box.left() / 10, paint.top() + box.top() / 10,
+                                    box.width() / 10, box.width() / 20)
+                                 .toAlignedRect()
+                                 .adjusted(3, 3, -3, -3);
+            QCOMPARE(QuadrantsOf(rendered.copy(at)),
+                     page == 0 ? QString("TR TL BR BL") : QString("BR BL TR TL"));
+        }
+    }
+
+    // A destination that cannot be written, a cancel and a failure leave no file, not even a
+    // temporary one.
+    void nothingLeftBehind() {
+        SheetProject s(2, 3);
+        for (int i = 1; i <= 12; ++i)
+            s.give(i, SolidPicture(40, 30, Qt::darkCyan));
+        QDir().mkpath(s.path("out"));
+        const QString intoFolder = s.path("out/sub");
+        QDir().mkpath(intoFolder);
+        for (const QString& path : {s.path("no/such/folder/a.pdf"), intoFolder}) {
+            const SheetResult r = WriteSheetPdf(path, s.p, SheetOptions{});
+            QVERIFY(!r.complete);
+            QVERIFY2(r.error.startsWith(path + " cannot be written: "), qPrintable(r.error));
+        }
+        QList<int> seen;
+        const SheetResult cancelled =
+            WriteSheetPdf(s.path("out/c.pdf"), s.p, SheetOptions{}, [&](int done, int total) {
+                seen << done << total;
+                return done < 5;
+            });
+        QVERIFY(!cancelled.complete && cancelled.error.isEmpty());
+        QCOMPARE(seen.mid(0, 4), (QList<int>{1, 12, 2, 12}));
+        QCOMPARE(seen.size(), 10);
+        QCOMPARE(QDir(s.path("out")).entryList(QDir::Files | QDir::Hidden), QStringList());
+    }
+
+    // kv1 pdf as a user runs it: options, a missing picture listed and still a PDF, failures.
+    void kv1Pdf() {
+        QTemporaryDir dir;
+        const QString folder = dir.path() + "/", trip = folder + "trip.kv1";
+        QByteArray file = "8\r\n2\r\n2\r\nThe end\r\n65280\r\n65280\r\nCoast\r\n";
+        for (int i = 1; i <= 8; ++i)
+            file += i <= 3 ? QString("sea-%1\r\n0\r\n0\r\nToUse\r\nText %2\r\nToUse\r\n")
+                                 .arg(i, 4, 10, QChar('0'))
+                                 .arg(i)
+                                 .toLatin1()
+                           : "none\r\n0\r\n0\r\nToUse\r\nToUse\r\nToUse\r\n";
+        QVERIFY(WriteAll(trip, file) && QDir().mkpath(folder + "trip_Data"));
+        for (int i : {1, 2})
+            QVERIFY(WriteBmp(QuadrantPicture(60, 40), folder + QString("trip_Data/sea-000%1.bmp").arg(i)));
+
+        Run r = run(KV1_EXECUTABLE, {"pdf", trip, folder + "a.pdf", "--per-page", "4", "--paper", "letter",
+                                     "--landscape", "--dpi", "72"});
+        QCOMPARE(r.status, 0);
+        QCOMPARE(r.err, QString("kv1: pane 3: picture missing (%1trip_Data/sea-0003.bmp)\n").arg(folder));
+        QCOMPARE(pdfInfo(folder + "a.pdf", "Pages"), QString("2"));
+        QCOMPARE(pdfInfo(folder + "a.pdf", "Page size"), QString("792 x 612 pts (letter)"));
+        QCOMPARE(pdfImageCount(folder + "a.pdf"), 2);
+        const QString text = run("pdftotext", {folder + "a.pdf", "-"}).out;
+        for (const char* wanted : {"Coast", "The end", "Text 1", "Text 2", "Text 3", "Page 2 of 2"})
+            QVERIFY2(text.contains(wanted), wanted);
+
+        r = run(KV1_EXECUTABLE, {"pdf", trip, folder + "b.pdf", "--no-texts", "--no-numbers"});
+        QCOMPARE(r.status, 0);
+        QVERIFY(!run("pdftotext", {folder + "b.pdf", "-"}).out.contains("Text 1"));
+
+        r = run(KV1_EXECUTABLE, {"pdf", trip, folder + "no/c.pdf"});
+        QCOMPARE(r.status, 1);
+        QCOMPARE(r.err, QString("kv1: no such folder: %1no\n").arg(folder));
+        r = run(KV1_EXECUTABLE, {"pdf", trip, folder + "trip_Data"});
+        QCOMPARE(r.status, 1);
+        QVERIFY2(r.err.startsWith(QString("kv1: %1trip_Data cannot be written").arg(folder)),
+                 qPrintable(r.err));
+        for (const QStringList& wrong : {QStringList{"--per-page", "5"}, {"--paper", "a3"}, {"--dpi", "0"}})
+            QCOMPARE(run(KV1_EXECUTABLE, QStringList{"pdf", trip, folder + "d.pdf"} + wrong).status, 2);
+        QCOMPARE(QDir(folder).entryList({"*.pdf"}, QDir::Files), (QStringList{"a.pdf", "b.pdf"}));
+        QVERIFY(run(KV1_EXECUTABLE, {"--help"}).out.contains("kv1 pdf PROJECT.kv1 OUT.pdf [OPTIONS]"));
+    }
+
+    // Print and Export As PDF, the window's choices and the flows behind them.
+    void fileMenuCommands() {
+        StartedMain m; // the menu's order is checked with every other menu's at start-up
+        QCOMPARE(m.w->mnu_Print->shortcut(), QKeySequence("Ctrl+P"));
+
+        m.project.BoardTitle = "Trip";
+        m.give(1, QuadrantPicture(80, 40), "Vanto01");
+        m.project.Panes(1).Text = "Hello there";
+        QStringList shown;
+        // The window is answered as a user would: choices made, then Export or Cancel.
+        bool accept = false;
+        m.w->ShowModal = [&](QDialog& d) {
+            shown << (qobject_cast<QPrintPreviewDialog*>(&d) ? QString("preview") : d.objectName());
+            if (auto* sheet = qobject_cast<frmSheet*>(&d)) {
+                shown << sheet->Buttons->button(QDialogButtonBox::Ok)->text();
+                sheet->show();
+                QVERIFY(!sheet->Preview->pixmap().isNull());
+                sheet->Combo_PerPage->setCurrentIndex(kSheetPerPageChoices.indexOf(2));
+                sheet->Check_Numbers->setChecked(false);
+                accept ? sheet->accept() : sheet->reject();
+            }
+        };
+        m.w->mnu_ExportPDF_Click();
+        QCOMPARE(shown, (QStringList{"frmSheet", "Export ..."}));
+        QVERIFY(m.prompts.requests.isEmpty());
+
+        accept = true;
+        m.w->ProjectFile = m.path("trip.kv1");
+        m.prompts.answers << m.path("trip");
+        m.w->mnu_ExportPDF_Click();
+        QCOMPARE(m.prompts.requests.last().fileName, m.path("trip.pdf"));
+        QCOMPARE(m.prompts.requests.last().title, QString("Export As PDF ..."));
+        QCOMPARE(pdfInfo(m.path("trip.pdf"), "Pages"), QString("2")); // 4 panes, 2 a page
+        const QString text = run("pdftotext", {m.path("trip.pdf"), "-"}).out;
+        QVERIFY(text.contains("Hello there") && text.contains("Trip") && !text.contains("\n1\n"));
+        QCOMPARE(m.w->Sheet->Options().perPage, 2); // the choices stay for the session
+
+        m.prompts.answers << m.path("no/such/x.pdf");
+        m.w->mnu_ExportPDF_Click();
+        QCOMPARE(m.prompts.messages.last().text,
+                 QString("The PDF was not written: %1 cannot be written: No such file or directory.")
+                     .arg(m.path("no/such/x.pdf")));
+
+        shown.clear();
+        m.w->mnu_Print_Click();
+        QCOMPARE(shown.size(), 3);
+        QCOMPARE(shown[1], QString("Print ..."));
+        QCOMPARE(shown[2], QString("preview"));
+    }
+};
+
+QTEST_MAIN(TestSheets)
+#include "test_sheets.moc"
