@@ -13,6 +13,9 @@
 //   kelvrin_bench save OUT                      Save Project As of that project, to a new folder
 //   kelvrin_bench open OUT [--cell N]           Open Project of OUT/trip.kv1, pictures rebuilt
 //   kelvrin_bench export OUT                    pages and JPEGs of the 1000 panes, to a new folder
+//   kelvrin_bench undo OUT                      undo of a Clear All and of a discarding Board Setup
+//                                               on that project (records and pictures, no redraw);
+//                                               the slower of the two
 //   kelvrin_bench pdf DIR OUT                   the contact sheet PDF of 1000 panes whose pictures
 //                                               are DIR's frames, a board a page, to a new folder
 //   kelvrin_bench animatic DIR OUT [--frames N] an MP4 of N panes (default 300) of DIR's frames
@@ -30,11 +33,13 @@
 #include "images/jpegdecode.h"
 #include "images/panebatch.h"
 #include "images/paneimage.h"
+#include "flows/reshape.h"
 #include "images/sequence.h"
 #include "model/numbers.h"
 #include "model/project.h"
 #include "model/projectfile.h"
 #include "model/prompts.h"
+#include "model/undohistory.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -65,7 +70,7 @@ QStringList frameFiles(const QString& dir) {
 void report(double seconds) {
     rusage usage{};
     getrusage(RUSAGE_SELF, &usage);
-    std::printf("seconds %.4f\npeak-rss %ld\n", seconds, usage.ru_maxrss);
+    std::printf("seconds %.6f\npeak-rss %ld\n", seconds, usage.ru_maxrss);
 }
 
 // Panes 1 to n get the frames in turn, as a mass import or a project would give them.
@@ -225,6 +230,32 @@ int open(const Args& a) {
     return 0;
 }
 
+int undo(const Args& a) {
+    Project project;
+    loadBuiltProject(project, a.dir);
+    UndoHistory history(project);
+    // What the window would show: every pane's item in the list.
+    ShownState shown;
+    for (int p = 1; p <= kMaxPane; ++p)
+        shown.PaneItems << Format(p, "000") + QStringLiteral(". ") + project.Panes(p).Text;
+    history.CaptureShown = [&shown] { return shown; };
+    double slowest = 0;
+    const auto timeUndo = [&](const QString& caption, const std::function<void()>& command) {
+        history.Record(caption, command);
+        QElapsedTimer t;
+        t.start();
+        history.Undo();
+        slowest = qMax(slowest, t.nsecsElapsed() / 1e9);
+    };
+    timeUndo(QStringLiteral("Clear All"), [&] {
+        for (int i = 0; i < kMaxPane; ++i)
+            project.Panes(i).Text = kToUse;
+    });
+    timeUndo(QStringLiteral("Change Project"), [&] { ReshapePanes(project, static_cast<float>(a.cell), true); });
+    report(slowest);
+    return project.Panes(kMaxPane).ImageFile == kNone ? 1 : 0;
+}
+
 class Quiet : public Prompts {
 public:
     void Message(const QString& text, MsgIcon, const QString&) override {
@@ -319,6 +350,7 @@ int main(int argc, char** argv) {
         {QStringLiteral("save"), save},
         {QStringLiteral("open"), open},
         {QStringLiteral("export"), exportProject},
+        {QStringLiteral("undo"), undo},
         {QStringLiteral("pdf"), pdf}};
         {QStringLiteral("animatic"), animatic}};
     const auto it = commands.find(a.command);

@@ -1,6 +1,7 @@
 #include "images/bmpfile.h"
 
 #include "model/runtimeerror.h"
+#include "model/writewatch.h"
 
 #include <QFile>
 #include <cstring>
@@ -60,6 +61,7 @@ void SaveBmp24(const QImage& image, const QString& path) {
 }
 
 void WriteFileBytes(const QByteArray& bytes, const QString& path) {
+    NotifyFileReplace(path);
     QFile file(path);
     // A full disk can cut the write short without the write saying so; the file's length tells.
     if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate) || file.write(bytes) != bytes.size() ||

@@ -51,7 +51,7 @@ QImage frmMain::BlankPicture() {
 }
 
 frmMain::frmMain(Project& project, Prompts& prompts, QWidget* parent)
-    : QMainWindow(parent), project(project), prompts(prompts) {
+    : QMainWindow(parent), project(project), prompts(prompts), History(project) {
     initResources();
     setObjectName(QStringLiteral("frmMain"));
     setWindowTitle(QStringLiteral("Kelvrin 1 : 2002 Edition - [Orvane Works]"));
@@ -105,7 +105,12 @@ void frmMain::buildControls() {
     picStage = new StageView(central);
     connect(picStage, &StageView::MouseDown, this, &frmMain::picStage_MouseDown);
     connect(picStage, &StageView::MouseMove, this, &frmMain::picStage_MouseMove);
-    connect(picStage, &StageView::MouseUp, this, &frmMain::picStage_MouseUp);
+    // A drop exchanges two panes: a step. The right button's pop-up runs steps of its own.
+    connect(picStage, &StageView::MouseUp, this,
+            [this](Qt::MouseButton button, Qt::KeyboardModifiers shift, int x, int y) {
+                if (button != Qt::LeftButton) return picStage_MouseUp(button, shift, x, y);
+                History.Record(QStringLiteral("Exchange Panes"), [&] { picStage_MouseUp(button, shift, x, y); });
+            });
 
     picSideBar = new QWidget(central);
     picSideBar->setObjectName(QStringLiteral("picSideBar"));
@@ -155,7 +160,8 @@ void frmMain::buildControls() {
     cmdButton->setObjectName(QStringLiteral("cmdButton"));
     cmdButton->resize(kButtonWidth, kRowHeight);
     cmdButton->setEnabled(false);
-    connect(cmdButton, &QPushButton::clicked, this, [this] { SwapItemText(); });
+    connect(cmdButton, &QPushButton::clicked, this,
+            [this] { History.Record(QStringLiteral("Swap Item"), [this] { SwapItemText(); }); });
 
     Text2 = new QLineEdit(central);
     Text2->setObjectName(QStringLiteral("Text2"));
@@ -177,7 +183,7 @@ void frmMain::buildMenus() {
                                  &frmMain::mnu_OpenProject_Click);
     mnu_SaveAs =
         addCommand(mnu_File, "mnu_SaveAs", QStringLiteral("Save Project As"), &frmMain::mnu_SaveAs_Click);
-    mnu_ChangeProject = addCommand(mnu_File, "mnu_ChangeProject", QStringLiteral("Change Project"),
+    mnu_ChangeProject = addStep(mnu_File, "mnu_ChangeProject", QStringLiteral("Change Project"),
                                    &frmMain::mnu_ChangeProject_Click);
     mnu_File->addSeparator();
     mnu_ExportHTML = addCommand(mnu_File, "mnu_ExportHTML", QStringLiteral("Export As Html"),
@@ -196,14 +202,16 @@ void frmMain::buildMenus() {
     mnu_File->addSeparator();
     mnu_Exit = addCommand(mnu_File, "mnu_Exit", QStringLiteral("Exit"), &frmMain::mnu_Exit_Click);
 
+    buildEditMenu();
+
     mnu_Board = menuBar()->addMenu(QStringLiteral("Board"));
     mnu_Board->setObjectName(QStringLiteral("mnu_Board"));
-    mnu_BoardChangeProject = addCommand(mnu_Board, "mnu_BoardChangeProject", QStringLiteral("Change Project"),
+    mnu_BoardChangeProject = addStep(mnu_Board, "mnu_BoardChangeProject", QStringLiteral("Change Project"),
                                         &frmMain::mnu_ChangeProject_Click);
-    mnu_BoardOptions = addCommand(mnu_Board, "mnu_BoardOptions", QStringLiteral("Properties"),
+    mnu_BoardOptions = addStep(mnu_Board, "mnu_BoardOptions", QStringLiteral("Properties"),
                                   &frmMain::mnu_BoardOptions_Click);
     mnu_Board->addSeparator();
-    mnu_RandomShuffle = addCommand(mnu_Board, "mnu_RandomShuffle", QStringLiteral("Image Shuffle"),
+    mnu_RandomShuffle = addStep(mnu_Board, "mnu_RandomShuffle", QStringLiteral("Image Shuffle"),
                                    &frmMain::mnu_RandomShuffle_Click);
     mnu_Board->addSeparator();
     mnu_Slideshow =
@@ -211,22 +219,22 @@ void frmMain::buildMenus() {
 
     mnu_Panes = menuBar()->addMenu(QStringLiteral("Pane"));
     mnu_Panes->setObjectName(QStringLiteral("mnu_Panes"));
-    mnu_LoadPicture = addCommand(mnu_Panes, "mnu_LoadPicture", QStringLiteral("Picture ..."),
+    mnu_LoadPicture = addStep(mnu_Panes, "mnu_LoadPicture", QStringLiteral("Picture ..."),
                                  &frmMain::mnu_LoadPicture_Click);
-    mnu_MassImage = addCommand(mnu_Panes, "mnu_MassImage", QStringLiteral("Mass Image Import ..."),
+    mnu_MassImage = addStep(mnu_Panes, "mnu_MassImage", QStringLiteral("Mass Image Import ..."),
                                &frmMain::mnu_MassImage_Click);
     mnu_Panes->addSeparator();
-    mnu_FlipHorizontally = addCommand(mnu_Panes, "mnu_FlipHorizontally", QStringLiteral("Flip Horizontally"),
+    mnu_FlipHorizontally = addStep(mnu_Panes, "mnu_FlipHorizontally", QStringLiteral("Flip Horizontally"),
                                       &frmMain::mnu_FlipHorizontally_Click);
-    mnu_FlipVertically = addCommand(mnu_Panes, "mnu_FlipVertically", QStringLiteral("Flip Vertically"),
+    mnu_FlipVertically = addStep(mnu_Panes, "mnu_FlipVertically", QStringLiteral("Flip Vertically"),
                                     &frmMain::mnu_FlipVertically_Click);
-    mnu_MakeBlank = addCommand(mnu_Panes, "mnu_MakeBlank", QStringLiteral("Make as Blank"),
+    mnu_MakeBlank = addStep(mnu_Panes, "mnu_MakeBlank", QStringLiteral("Make as Blank"),
                                &frmMain::mnu_MakeBlank_Click);
     mnu_Panes->addSeparator();
     mnu_Closeup =
         addCommand(mnu_Panes, "mnu_Closeup", QStringLiteral("CloseUp"), &frmMain::mnu_Closeup_Click);
     mnu_Options =
-        addCommand(mnu_Panes, "mnu_Options", QStringLiteral("Properties"), &frmMain::mnu_Options_Click);
+        addStep(mnu_Panes, "mnu_Options", QStringLiteral("Properties"), &frmMain::mnu_Options_Click);
     for (QAction* a : {mnu_FlipHorizontally, mnu_FlipVertically, mnu_MakeBlank, mnu_Closeup})
         a->setEnabled(false);
 
@@ -238,13 +246,13 @@ void frmMain::buildMenus() {
     // Edit List is never in the menu bar: it is the pane list's pop-up.
     mnu_EditList = new QMenu(QStringLiteral("Edit List"), this);
     mnu_EditList->setObjectName(QStringLiteral("mnu_EditList"));
-    mnu_Swap = addCommand(mnu_EditList, "mnu_Swap", QStringLiteral("Swap Item"), &frmMain::mnu_Swap_Click);
+    mnu_Swap = addStep(mnu_EditList, "mnu_Swap", QStringLiteral("Swap Item"), &frmMain::mnu_Swap_Click);
     mnu_EditList->addSeparator();
     mnu_Remove =
-        addCommand(mnu_EditList, "mnu_Remove", QStringLiteral("Remove Item"), &frmMain::mnu_Remove_Click);
+        addStep(mnu_EditList, "mnu_Remove", QStringLiteral("Remove Item"), &frmMain::mnu_Remove_Click);
     mnu_EditList->addSeparator();
     mnu_ClearAll =
-        addCommand(mnu_EditList, "mnu_ClearAll", QStringLiteral("Clear All"), &frmMain::mnu_ClearAll_Click);
+        addStep(mnu_EditList, "mnu_ClearAll", QStringLiteral("Clear All"), &frmMain::mnu_ClearAll_Click);
     mnu_Swap->setEnabled(false);
     mnu_Remove->setEnabled(false);
 }

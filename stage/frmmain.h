@@ -3,6 +3,7 @@
 #include "export/contactsheet.h"
 #include "model/project.h"
 #include "model/prompts.h"
+#include "model/undohistory.h"
 #include "stage/panelistwidget.h"
 #include "stage/stageview.h"
 
@@ -38,6 +39,8 @@ public:
 
     Project& project;
     Prompts& prompts;
+    // Every change to the project is a step of this history (frmmain_undo.cpp).
+    UndoHistory History;
 
     // The desktop work area in pixels, the source of every measure of the layout.
     std::function<QRect()> WorkArea;
@@ -67,6 +70,7 @@ public:
 
     // Menus; the Pane menu is also the stage's pop-up, Edit List the pane list's.
     QMenu* mnu_File;
+    QMenu* mnu_Edit;
     QMenu* mnu_Board;
     QMenu* mnu_Panes;
     QMenu* mnu_HelpMenu;
@@ -79,6 +83,8 @@ public:
     QAction* mnu_ExportPDF;
     QAction* mnu_ExportAnimatic;
     QAction* mnu_Exit;
+    QAction* mnu_Undo;
+    QAction* mnu_Redo;
     QAction* mnu_BoardChangeProject;
     QAction* mnu_BoardOptions;
     QAction* mnu_RandomShuffle;
@@ -256,6 +262,12 @@ private:
     void buildControls();
     void buildMenus();
     QAction* addCommand(QMenu* menu, const char* name, const QString& caption, void (frmMain::*handler)());
+    // A command that changes the project: one step of the history, named by its caption.
+    QAction* addStep(QMenu* menu, const char* name, const QString& caption, void (frmMain::*handler)());
+    void buildEditMenu();
+    // What the window shows beside the records, for the history.
+    ShownState shownState() const;
+    void showState(const ShownState& state);
     void enablePaneCommands();
     void addKeyboardAccess();
     void describeControls();

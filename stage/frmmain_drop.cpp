@@ -102,7 +102,8 @@ void frmMain::dropEvent(QDropEvent* event) {
             if (dropped.kind == DroppedFiles::Project)
                 OpenProjectFile(dropped.paths.first());
             else
-                DropPictures(dropped.paths, static_cast<qint16>(pane));
+                History.Record(QStringLiteral("Drop Pictures"),
+                               [&] { DropPictures(dropped.paths, static_cast<qint16>(pane)); });
         },
         Qt::QueuedConnection);
 }

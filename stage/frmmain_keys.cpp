@@ -8,6 +8,7 @@ void frmMain::addKeyboardAccess() {
     // Mnemonics let the menus be opened from the keyboard (Alt+F and so on); the captions read
     // as before.
     mnu_File->setTitle(QStringLiteral("&File"));
+    mnu_Edit->setTitle(QStringLiteral("&Edit"));
     mnu_Board->setTitle(QStringLiteral("&Board"));
     mnu_Panes->setTitle(QStringLiteral("&Pane"));
     mnu_HelpMenu->setTitle(QStringLiteral("&Help"));
@@ -26,7 +27,10 @@ void frmMain::addKeyboardAccess() {
     auto* next = new QShortcut(QKeySequence(Qt::Key_PageDown), this);
     connect(next, &QShortcut::activated, this, [this] { Toolbar1_ButtonClick(QStringLiteral("Next")); });
 
-    connect(picStage, &StageView::KeyDown, this, &frmMain::picStage_KeyDown);
+    // Ctrl with an arrow drops the pane on its neighbour: a step, as the drop by mouse is.
+    connect(picStage, &StageView::KeyDown, this, [this](int key, Qt::KeyboardModifiers shift) {
+        History.Record(QStringLiteral("Exchange Panes"), [&] { picStage_KeyDown(key, shift); });
+    });
     connect(picStage, &StageView::MenuKey, this, &frmMain::picStage_MenuKey);
     connect(picStage, &StageView::KeyboardFocusIn, this, &frmMain::picStage_KeyboardFocusIn);
     // Enter in the edit row is the swap button.

@@ -95,6 +95,8 @@ void frmMain::OpenChosenProject() {
     DrawCurrentBoard();
     ProjectFile = path;
     NoteRecentProject(path);
+    // The steps before belong to another project.
+    History.Clear();
 }
 
 void frmMain::OpenProjectFromCommandLine(const QString& path) {
@@ -124,6 +126,7 @@ void frmMain::StartEmptyProject() {
     project.IsBusy = false;
     picStage->setCursor(Qt::ArrowCursor);
     DrawCurrentBoard();
+    History.Clear();
 }
 
 // Recent projects.

@@ -82,12 +82,14 @@ private slots:
         QCOMPARE(menus,
                  QStringList({"File: Open Project, Save Project As, Change Project, -, Export As Html, -, "
                               "Print ..., Export As PDF ..., Export As Animatic ..., -, Open Recent, -, Exit",
+                              "Edit: Undo, Redo",
                               "Board: Change Project, Properties, -, Image Shuffle, -, Slideshow",
                               "Pane: Picture ..., Mass Image Import ..., -, Flip Horizontally, Flip "
                               "Vertically, Make as Blank, -, CloseUp, Properties",
                               "Help: Help, About", "(pane list) Swap Item, -, Remove Item, -, Clear All"}));
         // Nothing is selected on the stage yet: the picture commands wait for a pane with a picture.
         QVERIFY(!m.w->mnu_FlipHorizontally->isEnabled() && !m.w->mnu_Closeup->isEnabled());
+        QVERIFY(!m.w->mnu_Undo->isEnabled() && !m.w->mnu_Redo->isEnabled());
     }
 
     void shutDownRemovesWorkFolder() {

@@ -1,0 +1,385 @@
+// Undo and redo: random sessions of every command that changes a project undone to the start and
+// redone to the end (records, settings, the lists and the working pictures' bytes); the history's
+// bounds and its kept pictures; and what a user sees: the Edit menu and Ctrl+Z after a drag.
+#include "dialogs/frmaddnew.h"
+#include "dialogs/frmoptions.h"
+#include "images/bmpfile.h"
+#include "model/numbers.h"
+#include "support/mainwindow.h"
+
+#include <QDropEvent>
+#include <QMimeData>
+#include <QRandomGenerator>
+#include <QUndoStack>
+#include <map>
+
+namespace {
+// Everything undo must put back, by name: every record but its cell table, the settings, the
+// lists and every file of the working folder.
+using ProjectImage = std::map<QString, QByteArray>;
+
+QByteArray bytesOf(const Values& values) {
+    return values.texts.join(QLatin1Char('|')).toUtf8();
+}
+
+ProjectImage imageOf(const StartedMain& m) {
+    ProjectImage s;
+    const Project& p = m.project;
+    for (int i = 0; i <= kMaxPane; ++i) {
+        const Pane& r = p.Panes(i);
+        s[QStringLiteral("pane %1").arg(i)] =
+            bytesOf(Joined(r.Text, r.Label, r.Url, r.FlipHorizontal, r.FlipVertical, r.ImageFile,
+                           r.SourceFile, r.SourceStem));
+    }
+    s["settings"] = bytesOf(Joined(p.GridSide, p.BoardCount, p.BoardTitle, p.FooterText,
+                                   p.GlobalHighlightColor, p.MoveHighlightColor));
+    const QStringList items = ItemsOf(m.w->List1);
+    for (int i = 0; i < items.size(); ++i)
+        s[QStringLiteral("list item %1").arg(i)] = items[i].toUtf8();
+    s["boards"] = ItemsOf(m.w->Combo_PageView).join(',').toUtf8();
+    const QDir work(p.WorkFolder);
+    for (const QString& name : work.entryList(QDir::Files))
+        s["file " + name] = ReadAll(work.filePath(name));
+    return s;
+}
+
+// "" when the two are the same, else the first value that differs.
+QString difference(const ProjectImage& want, const ProjectImage& got) {
+    ProjectImage all = want;
+    all.insert(got.begin(), got.end());
+    for (const auto& [name, unused] : all) {
+        const auto shown = [&name](const ProjectImage& image) {
+            const auto v = image.find(name);
+            if (v == image.end()) return QStringLiteral("nothing");
+            return name.startsWith("file ") ? QStringLiteral("other bytes")
+                                            : "'" + QString::fromUtf8(v->second) + "'";
+        };
+        if (!want.count(name) || !got.count(name) || want.at(name) != got.at(name))
+            return QStringLiteral("%1: want %2, got %3").arg(name, shown(want), shown(got));
+    }
+    return {};
+}
+
+// A user at work: random commands through the menus, buttons, mouse, keyboard and file drops,
+// every dialog answered at random.
+struct Session {
+    StartedMain& m;
+    QRandomGenerator random;
+    QStringList sources;
+    int bound(int n) { return int(random.bounded(n)); }
+
+    Session(StartedMain& main, quint32 seed) : m(main), random(seed) {
+        frmMain* w = m.w.get();
+        for (int i = 1; i <= 4; ++i) {
+            sources << m.path(QStringLiteral("Seq%1.bmp").arg(i));
+            WriteBmp(QuadrantPicture(20 + 3 * i, 16 + i), sources.last());
+        }
+        sources << m.path("Wide.jpg");
+        WriteJpeg(QuadrantPicture(60, 20), sources.last());
+        w->SkipNotice = -1;
+        w->ShuffleRandom = [this] { return random.generateDouble(); };
+        w->ShowModal = [this, w](QDialog& d) {
+            const bool accept = bound(5) > 0;
+            if (&d == w->AddNew) {
+                w->AddNew->Combo_MatrixSize->setCurrentIndex(bound(4));
+                w->AddNew->Text_BoardAmount->setText(Str(1 + bound(3)));
+                w->AddNew->Option1[bound(3) == 0 ? 0 : 1]->setChecked(true);
+                w->AddNew->Button_acceptOrclose[accept]->click();
+            } else if (&d == w->Options) {
+                for (QLineEdit* text : w->Options->Text1)
+                    text->setText(QStringLiteral("t%1").arg(bound(50)));
+                w->Options->Combo_GridHighlight->setCurrentIndex(bound(6));
+                w->Options->Combo_MoveHighlight->setCurrentIndex(bound(4));
+                w->Options->Button_acceptOrclose[accept]->click();
+            }
+        };
+    }
+
+    void selectPane() {
+        frmMain* w = m.w.get();
+        w->SelectedPane = qint16(PaneOfCell(m.project, w->Combo_PageView->currentIndex() + 1,
+                                            1 + bound(CellsPerBoard(m.project))));
+    }
+
+    void command() {
+        frmMain* w = m.w.get();
+        const int cells = CellsPerBoard(m.project);
+        switch (bound(17)) {
+        case 0:
+        case 1: { // a drag between two panes of the board
+            const QPoint from = m.centre(1 + bound(cells)), to = m.centre(1 + bound(cells));
+            m.move(from);
+            QTest::mousePress(w->picStage, Qt::LeftButton, {}, from);
+            m.move(to, Qt::LeftButton);
+            QTest::mouseRelease(w->picStage, Qt::LeftButton, {}, to);
+            break;
+        }
+        case 2: // the same with the keyboard
+            selectPane();
+            emit w->picStage->KeyDown(Qt::Key_Left + bound(4), Qt::ControlModifier);
+            break;
+        case 3:
+        case 4:
+            selectPane();
+            m.prompts.answers.enqueue(bound(6) ? sources[bound(sources.size())] : QString());
+            w->mnu_LoadPicture->trigger();
+            break;
+        case 5:
+            selectPane();
+            m.prompts.answers.enqueue(sources[bound(4)]);
+            w->mnu_MassImage->trigger();
+            break;
+        case 6:
+        case 7:
+            selectPane();
+            w->mnu_FlipHorizontally->setEnabled(true);
+            w->mnu_FlipVertically->setEnabled(true);
+            (bound(2) ? w->mnu_FlipHorizontally : w->mnu_FlipVertically)->trigger();
+            break;
+        case 8:
+            selectPane();
+            w->mnu_MakeBlank->setEnabled(true);
+            w->mnu_MakeBlank->trigger();
+            break;
+        case 9:
+            w->mnu_RandomShuffle->trigger();
+            break;
+        case 10: // a text typed into the edit row and swapped in
+            w->List1->setCurrentRow(bound(w->List1->count()));
+            w->Text1->setText(QStringLiteral(" text %1 ").arg(bound(100)));
+            w->cmdButton->click();
+            break;
+        case 11:
+            w->List1->setCurrentRow(bound(w->List1->count()));
+            w->mnu_Remove->setEnabled(true);
+            (bound(4) ? w->mnu_Remove : w->mnu_ClearAll)->trigger();
+            break;
+        case 12:
+            selectPane();
+            w->mnu_Options->trigger();
+            break;
+        case 13:
+            w->mnu_BoardOptions->trigger();
+            break;
+        case 14:
+            if (bound(3) == 0) (bound(2) ? w->mnu_ChangeProject : w->mnu_BoardChangeProject)->trigger();
+            break;
+        case 15: { // pictures dropped on a pane from the file manager
+            QMimeData data;
+            data.setUrls({QUrl::fromLocalFile(sources[bound(5)]), QUrl::fromLocalFile(sources[bound(5)])});
+            const QPoint at = w->picStage->mapTo(w, m.centre(1 + bound(cells)));
+            QDragEnterEvent enter(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+            QCoreApplication::sendEvent(w, &enter);
+            QDropEvent drop(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+            QCoreApplication::sendEvent(w, &drop);
+            QCoreApplication::processEvents();
+            break;
+        }
+        default: // moving between boards changes nothing
+            w->Toolbar1_ButtonClick(bound(2) ? QStringLiteral("Next") : QStringLiteral("Back"));
+        }
+    }
+};
+} // namespace
+
+class TestUndo : public QObject {
+    Q_OBJECT
+private slots:
+    void randomSessionsUndoToStartAndRedoToEnd_data() {
+        QTest::addColumn<quint32>("seed");
+        for (quint32 seed : {1u, 7u, 2026u, 31337u})
+            QTest::newRow(qPrintable(QStringLiteral("seed %1").arg(seed))) << seed;
+    }
+    void randomSessionsUndoToStartAndRedoToEnd() {
+        QFETCH(quint32, seed);
+        StartedMain m;
+        m.w->History.SetLimits(1000, qint64(1) << 32);
+        Session session(m, seed);
+        // A start that is not empty: pictures, texts and a second board.
+        m.project.BoardCount = 2;
+        m.w->FillLists(2, 2, m.w->StageSize, true);
+        for (int pane = 1; pane <= 3; ++pane)
+            m.give(pane, QuadrantPicture(30, 30 + pane), QStringLiteral("Start%1").arg(pane));
+        m.project.Panes(2).Text = "two";
+        m.w->RefillPaneList(8, true);
+        m.w->DrawCurrentBoard();
+        const ProjectImage start = imageOf(m);
+
+        for (int i = 0; i < 250; ++i)
+            session.command();
+        const ProjectImage end = imageOf(m);
+        QUndoStack& stack = m.w->History.Stack();
+        const int steps = stack.count();
+        QVERIFY2(steps > 100, qPrintable(QStringLiteral("only %1 steps").arg(steps)));
+
+        while (stack.canUndo())
+            m.w->mnu_Undo->trigger();
+        QCOMPARE(difference(start, imageOf(m)), QString());
+        while (stack.canRedo())
+            m.w->mnu_Redo->trigger();
+        QCOMPARE(difference(end, imageOf(m)), QString());
+        QCOMPARE(stack.index(), steps);
+    }
+
+    void boundsAndKeptPictures() {
+        QTemporaryDir dir;
+        Project p;
+        p.WorkFolder = dir.filePath("work");
+        QDir().mkpath(p.WorkFolder);
+        const QString file = p.WorkFolder + "/a-0001.BMP", store = p.WorkFolder + "/Undo";
+        const auto storedFiles = [&] { return QDir(store).entryList(QDir::Files).size(); };
+        UndoHistory h(p, 3, 2500);
+        QUndoStack& stack = h.Stack();
+
+        // A step that changes nothing is none; one that raises leaves none and keeps nothing.
+        h.Record("Nothing", [] {});
+        QVERIFY_THROWS_EXCEPTION(RunTimeError, h.Record("Fails", [&] {
+            WriteFileBytes(QByteArray(100, 'x'), file);
+            throw RunTimeError::PathFileAccess(file);
+        }));
+        QCOMPARE(stack.count(), 0);
+        QCOMPARE(h.StoredPictureBytes(), 0);
+        QFile::remove(file);
+
+        // Count: four text steps, the oldest goes.
+        for (const char* text : {"a", "b", "c", "d"})
+            h.Record(text, [&] { p.Panes(5).Text = text; });
+        QCOMPARE(stack.count(), 3);
+        while (stack.canUndo())
+            h.Undo();
+        QCOMPARE(p.Panes(5).Text, "a");
+
+        // Pictures: the file created, then rewritten twice with 1000 bytes; the copies are kept
+        // once each, and the oldest step goes when they pass 2500 bytes.
+        h.Clear();
+        QVERIFY(!QFileInfo::exists(store));
+        int n = 0;
+        for (char fill : {'1', '2', '1'})
+            h.Record(QString("write %1").arg(++n), [&] { WriteFileBytes(QByteArray(1000, fill), file); });
+        QCOMPARE(stack.count(), 3);
+        QCOMPARE(h.StoredPictureBytes(), 2000);
+        QCOMPARE(storedFiles(), 2);
+        // The fourth drops the first by count; its new copy passes the bytes and the two
+        // steps after the first go too.
+        h.Record("write 4", [&] { WriteFileBytes(QByteArray(1000, '3'), file); });
+        QCOMPARE(h.StoredPictureBytes(), 2000);
+        QCOMPARE(stack.count(), 1);
+        QCOMPARE(stack.text(0), "write 4");
+        QCOMPARE(storedFiles(), 2);
+        h.Undo();
+        QCOMPARE(ReadAll(file), QByteArray(1000, '1'));
+
+        // A kept copy that vanished: the working picture goes (the pane shows blank), records
+        // and the history go on.
+        h.Redo();
+        h.Record("write 5", [&] {
+            WriteFileBytes(QByteArray(1000, '4'), file);
+            p.Panes(1).ImageFile = file;
+        });
+        QVERIFY(QDir(store).removeRecursively());
+        h.Undo();
+        QCOMPARE(QFileInfo::exists(file), false);
+        QCOMPARE(p.Panes(1).ImageFile, kNone);
+        h.Redo();
+        QCOMPARE(p.Panes(1).ImageFile, file);
+        QCOMPARE(stack.index(), stack.count());
+    }
+
+    void ctrlZAfterDragAndTheEditMenu() {
+        StartedMain m;
+        frmMain* w = m.w.get();
+        w->show();
+        QVERIFY(QTest::qWaitForWindowActive(w));
+        m.give(1, SolidPicture(40, 40, Qt::red), "Red");
+        m.give(2, SolidPicture(40, 40, Qt::blue), "Blue");
+        w->DrawCurrentBoard();
+        const QPoint one = m.centre(1), two = m.centre(2);
+        const auto colours = [&] {
+            return std::pair(w->picStage->Picture.pixelColor(one), w->picStage->Picture.pixelColor(two));
+        };
+        const auto menus = [&] {
+            return QStringList{w->mnu_Undo->text(), QString::number(w->mnu_Undo->isEnabled()),
+                               w->mnu_Redo->text(), QString::number(w->mnu_Redo->isEnabled())};
+        };
+        const auto red = std::pair(QColor(Qt::red), QColor(Qt::blue));
+        const auto swapped = std::pair(QColor(Qt::blue), QColor(Qt::red));
+        QCOMPARE(colours(), red);
+        QCOMPARE(menus(), (QStringList{"Undo", "0", "Redo", "0"}));
+
+        m.move(one);
+        QTest::mousePress(w->picStage, Qt::LeftButton, {}, one);
+        m.move(two, Qt::LeftButton);
+        QTest::mouseRelease(w->picStage, Qt::LeftButton, {}, two);
+        QCOMPARE(colours(), swapped);
+        QCOMPARE(menus(), (QStringList{"Undo Exchange Panes", "1", "Redo", "0"}));
+
+        w->picStage->setFocus();
+        QTest::keyClick(w->picStage, Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(colours(), red);
+        QCOMPARE(menus(), (QStringList{"Undo", "0", "Redo Exchange Panes", "1"}));
+        QCOMPARE(m.project.Panes(1).SourceStem, "Red");
+        QTest::keyClick(w->picStage, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+        QCOMPARE(colours(), swapped);
+        QTest::keyClick(w->picStage, Qt::Key_Z, Qt::ControlModifier);
+        QTest::keyClick(w->picStage, Qt::Key_Y, Qt::ControlModifier);
+        QCOMPARE(colours(), swapped);
+
+        // Each command names its step; the edit row and the selection come back with it.
+        w->SelectedPane = 2;
+        w->mnu_FlipHorizontally->setEnabled(true);
+        w->mnu_FlipHorizontally->trigger();
+        QCOMPARE(w->mnu_Undo->text(), "Undo Flip Horizontally");
+        QVERIFY(WriteBmp(SolidPicture(40, 40, Qt::green), m.path("Shot1.bmp")));
+        m.prompts.answers.enqueue(m.path("Shot1.bmp"));
+        w->SelectedPane = 3;
+        w->mnu_MassImage->trigger();
+        QCOMPARE(w->mnu_Undo->text(), "Undo Mass Image Import");
+        w->List1->setCurrentRow(2);
+        w->Text1->setText("Three");
+        w->cmdButton->click();
+        QCOMPARE(w->mnu_Undo->text(), "Undo Swap Item");
+        w->List1->setCurrentRow(0);
+        w->mnu_Undo->trigger();
+        QCOMPARE(w->List1->item(2)->text(), "003. ToUse");
+        QCOMPARE(w->List1->currentRow(), 2);
+        QCOMPARE(w->Text1->text(), "Three");
+        QCOMPARE(w->mnu_Redo->text(), "Redo Swap Item");
+
+        // Board Properties recolours the drag line and Board Setup leaves the stage cleared:
+        // undo brings back the line's colour and the drawn board, redo the cleared stage.
+        w->ShowModal = [&](QDialog& d) {
+            if (&d == w->Options) {
+                w->Options->Combo_MoveHighlight->setCurrentIndex(2);
+                w->Options->Button_acceptOrclose[1]->click();
+            } else {
+                w->AddNew->Combo_MatrixSize->setCurrentIndex(1);
+                w->AddNew->Button_acceptOrclose[1]->click();
+            }
+        };
+        const QColor line = w->picStage->Line1.BorderColor;
+        w->mnu_BoardOptions->trigger();
+        QVERIFY(w->picStage->Line1.BorderColor != line);
+        w->mnu_ChangeProject->trigger();
+        QCOMPARE(m.project.GridSide, 3);
+        QVERIFY(w->picStage->Picture.isNull());
+        w->mnu_Undo->trigger();
+        QCOMPARE(m.project.GridSide, 2);
+        QCOMPARE(colours(), swapped);
+        w->mnu_Redo->trigger();
+        QVERIFY(w->picStage->Picture.isNull());
+        w->mnu_Undo->trigger();
+        w->mnu_Undo->trigger();
+        QCOMPARE(w->picStage->Line1.BorderColor, line);
+
+        // Saving keeps the history; opening a project ends it.
+        m.prompts.answers.enqueue(m.path("trip.kv1"));
+        w->mnu_SaveAs->trigger();
+        QVERIFY(w->mnu_Undo->isEnabled());
+        m.prompts.answers.enqueue(m.path("trip.kv1"));
+        w->mnu_OpenProject->trigger();
+        QCOMPARE(menus(), (QStringList{"Undo", "0", "Redo", "0"}));
+    }
+};
+
+QTEST_MAIN(TestUndo)
+#include "test_undo.moc"
