@@ -1,6 +1,6 @@
 #include "dialogs/frmoptions.h"
 
-#include "model/colour.h"
+#include "dialogs/typinglimit.h"
 #include "model/numbers.h"
 
 #include <QGridLayout>
@@ -10,8 +10,7 @@ namespace {
 constexpr int kFrameLeft = 10, kFrameTop = 8, kFrameWidth = 420, kFrameHeight = 150;
 } // namespace
 
-frmOptions::frmOptions(Project& project, StageView* stage, QWidget* parent)
-    : QDialog(parent), project_(project), stage_(stage) {
+frmOptions::frmOptions(Project& project, QWidget* parent) : QDialog(parent), project_(project) {
     setObjectName(QStringLiteral("frmOptions"));
     setWindowTitle(QStringLiteral("Options :"));
 
@@ -25,7 +24,7 @@ frmOptions::frmOptions(Project& project, StageView* stage, QWidget* parent)
     for (int i = 0; i < 4; ++i) {
         Text1[i] = new QLineEdit(kToUse, Frame1[i < 2 ? 1 : 0]);
         Text1[i]->setObjectName(QStringLiteral("Text1_%1").arg(i));
-        Text1[i]->setMaxLength(limits[i]);
+        LimitTyping(Text1[i], limits[i]);
     }
     Combo_MoveHighlight = new QComboBox(Frame1[0]);
     Combo_MoveHighlight->setObjectName(QStringLiteral("Combo_MoveHighlight"));
@@ -121,8 +120,7 @@ void frmOptions::Button_acceptOrclose_Click(int index) {
     }
     if (Frame1[0]->x() >= 0) {
         project_.MoveHighlightColor = Combo_MoveHighlight->currentData().toInt();
-        stage_->Line1.BorderColor = ColourOf(project_.MoveHighlightColor);
-        stage_->update();
+        if (MoveHighlightAccepted) MoveHighlightAccepted(project_.MoveHighlightColor);
         project_.FooterText = TrimBlanks(Text1[2]->text());
         project_.BoardTitle = TrimBlanks(Text1[3]->text());
     } else {

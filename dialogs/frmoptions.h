@@ -1,7 +1,6 @@
 #pragma once
 
 #include "model/project.h"
-#include "stage/stageview.h"
 
 #include <QComboBox>
 #include <QDialog>
@@ -9,6 +8,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <array>
+#include <functional>
 
 // "Options :": the board's title, footer and move highlight, or the selected pane's label, URL
 // and the global highlight. One group is in view at a time; the other frame sits at a negative
@@ -16,7 +16,7 @@
 class frmOptions : public QDialog {
     Q_OBJECT
 public:
-    frmOptions(Project& project, StageView* stage, QWidget* parent = nullptr);
+    explicit frmOptions(Project& project, QWidget* parent = nullptr);
 
     std::array<QGroupBox*, 2> Frame1; // 0 "Board :", 1 "Panes :"
     // 0 label, 1 URL (pane group); 2 footer text, 3 title (board group).
@@ -24,6 +24,10 @@ public:
     QComboBox* Combo_MoveHighlight;
     QComboBox* Combo_GridHighlight;
     std::array<QPushButton*, 2> Button_acceptOrclose; // 0 "Close", 1 "Accept"
+
+    // Told the move highlight colour when the board group is accepted, before the window closes:
+    // the owner of the drag line recolours it then, and at no other time.
+    std::function<void(qint32 colour)> MoveHighlightAccepted;
 
     // Puts one group in view and moves the other out of it.
     void PlaceFrames(bool boardMode);
@@ -35,5 +39,4 @@ public:
 private:
     void describe();
     Project& project_;
-    StageView* stage_;
 };

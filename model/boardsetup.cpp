@@ -24,13 +24,8 @@ QString MaxBoardsCaption(int entry) {
         .arg(Mul16(boards, cells));
 }
 
-double LeadingNumber(const QString& text) {
-    double n = 0;
-    for (const QChar c : text) {
-        if (c < QLatin1Char('0') || c > QLatin1Char('9')) break;
-        n = n * 10 + (c.unicode() - '0');
-    }
-    return n;
+double BoardAmountNumber(const QString& text) {
+    return ParseNumber(text).value_or(0.0);
 }
 
 BoardAmountText CorrectBoardAmount(const QString& text, qint16 maxBoards) {
@@ -40,7 +35,7 @@ BoardAmountText CorrectBoardAmount(const QString& text, qint16 maxBoards) {
     // An empty box gets a character that is no digit, so that the next rule puts the maximum in.
     if (out.text.isEmpty()) out.text = QStringLiteral("z");
     const ushort first = out.text[0].unicode();
-    if (first <= 47 || first >= 58 || LeadingNumber(out.text) > maxBoards) {
+    if (first <= 47 || first >= 58 || BoardAmountNumber(out.text) > maxBoards) {
         out.text = Format(maxBoards, "000");
         out.selectAll = true;
     }
@@ -48,13 +43,14 @@ BoardAmountText CorrectBoardAmount(const QString& text, qint16 maxBoards) {
 }
 
 qint16 AcceptedBoardAmount(const QString& text, qint16 maxBoards) {
-    const double n = LeadingNumber(text);
+    // Compared before converting, so that no count the box can hold overflows.
+    const double n = RoundHalfEven(BoardAmountNumber(text));
     if (n <= 0) return 1;
     if (n >= maxBoards) return maxBoards;
     return CInt(n);
 }
 
 QString StepBoardAmount(const QString& text, int step, qint16 maxBoards) {
-    const double n = LeadingNumber(text) + step;
+    const double n = RoundHalfEven(BoardAmountNumber(text)) + step;
     return Format(CInt(qBound(1.0, n, static_cast<double>(maxBoards))), "000");
 }

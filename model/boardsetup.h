@@ -12,8 +12,10 @@ qint16 GridSideOfEntry(int entry);
 qint16 MaxBoardsOfEntry(int entry);
 QString MaxBoardsCaption(int entry); // "Max 62 boards x 16 panes = 992 panes"
 
-// The number a board count text starts with: its leading digits, 0 when there are none.
-double LeadingNumber(const QString& text);
+// The number a board count text holds, the whole text converted as every number the program
+// reads ("1e1" is 10, "1.5" is 1.5). A text that is no number at all counts as 0, as an empty box
+// does: accepting never refuses and never reports, it gives one board.
+double BoardAmountNumber(const QString& text);
 
 // The board count box after a change: blanks removed; an empty box, or one that does not start
 // with a digit, becomes the maximum written with three digits ("062"); so does a number above the
@@ -24,7 +26,8 @@ struct BoardAmountText {
 };
 BoardAmountText CorrectBoardAmount(const QString& text, qint16 maxBoards);
 
-// The count that accepting gives: 1 for nothing or less, the maximum at or above it.
+// The count that accepting gives: the number rounded to a whole one (halves to even), 1 for
+// nothing or less, the maximum at or above it.
 qint16 AcceptedBoardAmount(const QString& text, qint16 maxBoards);
 
 // The up and down buttons: one more up to the maximum, one less down to 1, written with three digits.

@@ -7,8 +7,10 @@
 #include "dialogs/frmhtml.h"
 #include "dialogs/frmmsgbox.h"
 #include "dialogs/frmoptions.h"
+#include "dialogs/typinglimit.h"
 #include "export/htmlwords.h"
 #include "images/jpeglibrary.h"
+#include "model/colour.h"
 #include "model/numbers.h"
 #include "model/runtimeerror.h"
 #include "model/workfolder.h"
@@ -67,7 +69,13 @@ frmMain::frmMain(Project& project, Prompts& prompts, QWidget* parent)
     describeControls();
 
     AddNew = new frmAddNew(project, this);
-    Options = new frmOptions(project, picStage, this);
+    Options = new frmOptions(project, this);
+    // The drag line takes the move highlight when the board's properties are accepted; a drag
+    // only places it.
+    Options->MoveHighlightAccepted = [this](qint32 colour) {
+        picStage->Line1.BorderColor = ColourOf(colour);
+        picStage->update();
+    };
     HTML = new frmHTML(project, prompts, this);
     Help = new frmHelp(this);
     MsgBox = new frmMsgBox(project, this);
@@ -132,7 +140,7 @@ void frmMain::buildControls() {
 
     Text1 = new QLineEdit(picSideBar);
     Text1->setObjectName(QStringLiteral("Text1"));
-    Text1->setMaxLength(256);
+    LimitTyping(Text1, 256);
     connect(Text1, &QLineEdit::textChanged, this, [this] { Text1_Change(); });
 
     cmdButton = new QPushButton(QStringLiteral("swap"), picSideBar);

@@ -161,7 +161,6 @@ void frmMain::DrawDragLine(qint16 selectedPane, float cellSize, int x, int y, qi
     if (k < 1 || k > cells) return;
     const Pane& slot = project.Panes(k);
     StageView::LineShape line = picStage->Line1;
-    line.BorderColor = ColourOf(project.MoveHighlightColor);
     line.X1 = CInt(slot.Position[0] + cellSize / 2);
     line.Y1 = CInt(slot.Position[1] + cellSize / 2);
     line.X2 = x;

@@ -135,8 +135,8 @@ void frmMain::ChangeProject() {
     ReshapeProject(project.GridSide, project.BoardCount, StageSize, discard);
     project.IsBusy = false;
     picStage->setCursor(Qt::ArrowCursor);
-    // The new shape is shown at once, from its first board.
-    DrawCurrentBoard();
+    // Nothing is drawn: the chooser was refilled while busy, so the stage stays cleared, and
+    // Back, Next, the text row and the selected pane stay as they were, until the user moves.
 }
 
 void frmMain::ReshapeProject(qint16 gridSide, qint16 boardCount, float stageSize, bool discard) {

@@ -33,7 +33,8 @@ private slots:
         QCOMPARE(d->Label1->text(), "Max 62 boards x 16 panes = 992 panes");
         // Typed | shown | selected: a refused entry shows the maximum, selected.
         for (const QString row :
-             {"|062|062", " 1 2 |12|", "x5|062|062", "99|062|062", "0|0|", "5abc|5abc|"}) {
+             {"|062|062", " 1 2 |12|", "x5|062|062", "99|062|062", "0|0|", "5abc|5abc|", "1e3|062|062",
+              "1e1|1e1|", "62.5|062|062"}) {
             d->Text_BoardAmount->setText(row.section('|', 0, 0));
             QCOMPARE(Joined(row.section('|', 0, 0), d->Text_BoardAmount->text(),
                             d->Text_BoardAmount->selectedText()),
@@ -47,10 +48,35 @@ private slots:
         d->UpDownUp->click();
         d->UpDownUp->click();
         QCOMPARE(d->Text_BoardAmount->text(), "062");
+        // Stepping starts from the whole text's number.
+        d->Text_BoardAmount->setText("1e1");
+        d->UpDownDown->click();
+        QCOMPARE(d->Text_BoardAmount->text(), "009");
     }
 
     void acceptCloseKeepAndDiscard() {
         StartedMain m;
+        // Accepting converts the whole text, halves to even; a text that is no number gives one board.
+        const std::pair<const char*, int> accepted[] = {{"1e1", 10}, {"1.5", 2}, {"2.5", 2}, {"7abc", 1}};
+        for (auto [typed, boards] : accepted) {
+            changeProject(m, 0, typed, true);
+            QVERIFY2(m.project.BoardCount == boards, typed);
+        }
+
+        // Accepting draws nothing: the stage stays cleared and the controls stay as they were.
+        changeProject(m, 0, "2", true);
+        m.project.Panes(5).Text = "Five";
+        m.w->FillLists(2, 2, m.w->StageSize, false);
+        m.w->SetBoardIndex(1);
+        changeProject(m, 0, "2", true);
+        QVERIFY(m.w->picStage->Picture.isNull());
+        QCOMPARE(m.w->Combo_PageView->currentIndex(), 0);
+        QVERIFY(m.w->ButtonBack->isEnabled());
+        QVERIFY(!m.w->ButtonNext->isEnabled());
+        QCOMPARE(m.w->Text1->text(), "Five");
+        QCOMPARE(m.w->SelectedPane, 5);
+        QCOMPARE(m.w->List1->currentRow(), -1);
+
         changeProject(m, 2, "0", true);
         QCOMPARE(Joined(m.project.GridSide, m.project.BoardCount), "4|1");
         changeProject(m, 2, "150", true);
@@ -135,6 +161,32 @@ private slots:
             m.w->mnu_BoardOptions->trigger();
             QCOMPARE(Joined(m.project.DialogReply[1], m.project.BoardTitle, m.project.MoveHighlightColor),
                      "none|Night  shoot|255");
+        }
+
+        // Texts longer than their boxes allow, as a project file may bring, are shown and stored
+        // back whole; only typing is held to the limits.
+        const QString label(150, 'L'), url(1200, 'u'), title(120, 'T'), footer(300, 'F');
+        m.project.Panes(3).Label = label, m.project.Panes(3).Url = url;
+        m.project.BoardTitle = title, m.project.FooterText = footer;
+        m.w->ShowModal = [&](QDialog&) { o->Button_acceptOrclose[1]->click(); };
+        m.w->mnu_Options->trigger();
+        m.w->mnu_BoardOptions->trigger();
+        QCOMPARE(m.project.Panes(3).Label, label);
+        QCOMPARE(m.project.Panes(3).Url, url);
+        QCOMPARE(m.project.BoardTitle, title);
+        QCOMPARE(m.project.FooterText, footer);
+        const int limits[4] = {99, 999, 256, 99};
+        for (int i = 0; i < 4; ++i) {
+            QLineEdit* box = o->Text1[i];
+            box->setText(QString(limits[i] + 5, 'x'));
+            QTest::keyClicks(box, "ab"); // a text already too long grows no further
+            QCOMPARE(box->text().size(), limits[i] + 5);
+            QTest::keyClick(box, Qt::Key_Backspace);
+            QCOMPARE(box->text().size(), limits[i] + 4);
+            box->setText(QString(limits[i] - 1, 'x'));
+            box->setCursorPosition(0);
+            QTest::keyClicks(box, "abc"); // typing stops at the limit, where the cursor is
+            QCOMPARE(box->text(), "a" + QString(limits[i] - 1, 'x'));
         }
     }
 

@@ -286,6 +286,21 @@ private slots:
         QVERIFY(!w_->cmdButton->isEnabled());
         w_->SwapItemText();
         QCOMPARE(project().Panes(7).Text, "Shot 7");
+        // A text longer than the edit row allows is shown and swapped back whole; typing stops at 256.
+        const QString longText(300, 'w');
+        project().Panes(7).Text = longText;
+        w_->FillLists(2, 3, w_->StageSize, false);
+        w_->List1->setCurrentRow(6);
+        w_->List1_MouseDown(Qt::LeftButton, {}, 5, 5);
+        QCOMPARE(w_->Text1->text(), longText);
+        QTest::keyClicks(w_->Text1, "x");
+        QCOMPARE(w_->Text1->text(), longText);
+        QTest::keyClick(w_->Text1, Qt::Key_Return);
+        QCOMPARE(project().Panes(7).Text, longText);
+        w_->Text1->clear();
+        QTest::keyClicks(w_->Text1, QString(260, 'y'));
+        QCOMPARE(w_->Text1->text().size(), 256);
+        project().Panes(7).Text = "Shot 7";
         w_->List1->setCurrentRow(6);
         w_->mnu_Remove_Click();
         QCOMPARE(w_->List1->item(6)->text() + "|" + project().Panes(7).Text, "007. ToUse|ToUse");
@@ -303,6 +318,9 @@ private slots:
     }
 
     void dragExchangesPanes() {
+        // The line keeps its colour until the board's properties are accepted, whatever the
+        // project (an opened one, say) holds.
+        project().MoveHighlightColor = 255;
         shape(3, 2);
         give(3, Qt::red, "Red");
         give(7, Qt::blue, "Blue");
