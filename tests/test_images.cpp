@@ -182,7 +182,7 @@ private slots:
         // Once the missing file is there every pane is counted, the last one (no source) too.
         QVERIFY(WriteJpeg(SolidPicture(64, 48, Qt::red), project_.Panes(27).SourceFile));
         progressCalls = 0;
-        StorePaneImages(project_, 1, 40, 16.0f, false, [&](int done, int total) {
+        StorePaneImages(project_, 1, 40, 16.0f, true, [&](int done, int total) {
             QCOMPARE(Joined(done, total), Joined(++progressCalls, 40));
         });
         QCOMPARE(progressCalls, 40);
