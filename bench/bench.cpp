@@ -160,7 +160,8 @@ int decodeFloor(const Args& a) {
             tjDecompressHeader3(d.h, bytes, size, &w, &hgt, &ss, &cs);
             const JpegScale s = ChooseJpegScale(QSize(w, hgt), QSize(a.cell, a.cell));
             d.buffer.resize(static_cast<size_t>(s.size.width()) * s.size.height() * 4);
-            tjDecompress2(d.h, bytes, size, d.buffer.data(), s.size.width(), 0, s.size.height(), TJPF_BGRX, 0);
+            tjDecompress2(d.h, bytes, size, d.buffer.data(), s.size.width(), 0, s.size.height(), TJPF_BGRX,
+                          0);
         });
     report(t.nsecsElapsed() / 1e9);
     return 0;

@@ -29,7 +29,8 @@ void StorePaneImages(Project& project, int first, int last, float paneSize, bool
     std::vector<Job> jobs;
     for (int n = first; n <= last; ++n) {
         const Pane& pane = project.Panes(n);
-        if (pane.SourceFile != kNone) jobs.push_back({n, pane.SourceFile, pane.FlipHorizontal, pane.FlipVertical});
+        if (pane.SourceFile != kNone)
+            jobs.push_back({n, pane.SourceFile, pane.FlipHorizontal, pane.FlipVertical});
     }
     int done = 0; // panes before this one are finished
     const auto passOverTo = [&](int pane) {

@@ -272,7 +272,8 @@ private slots:
         QVERIFY(QFileInfo::exists(at("s_Data/c-0007.bmp")) && ReadAll(at("s.kv1")).count("\r\n") == 7 + 24);
 
         setPicture(1, "a", Qt::yellow);
-        const auto modes = QFile::ReadOwner | QFile::WriteOwner | QFile::ReadUser | QFile::WriteUser | QFile::ReadGroup;
+        const auto modes =
+            QFile::ReadOwner | QFile::WriteOwner | QFile::ReadUser | QFile::WriteUser | QFile::ReadGroup;
         QVERIFY(QFile::setPermissions(p.Panes(1).ImageFile, modes));
         p.Panes(2).ImageFile = p.Panes(2).SourceStem = kNone;
         SaveProjectFile(p, "s", at("s.kv1"), folder(), 4, 1, 2);
