@@ -1,26 +1,12 @@
 // kv1 export PROJECT.kv1 PAGE.htm: open as Kelvrin opens, then what the export window's Accept and
 // the picture conversion do.
-#include "export/htmlexport.h"
-#include "export/htmlwords.h"
+#include "flows/projectexport.h"
 #include "kv1commands.h"
 #include "kv1project.h"
-#include "model/prompts.h"
 
 #include <QFileInfo>
-#include <QImage>
 
 namespace {
-// The export's own messages become kv1's one line on standard error.
-class FailureCollector : public Prompts {
-public:
-    QString first;
-    void Message(const QString& text, MsgIcon, const QString&) override {
-        if (first.isEmpty()) first = text;
-    }
-    QString AskOpenFile(const FileRequest&) override { return {}; }
-    QString AskSaveFile(const FileRequest&) override { return {}; }
-};
-
 bool given(const ToolArguments& arguments, const char* name) {
     return !arguments.option(QString::fromLatin1(name)).isEmpty();
 }
@@ -46,27 +32,17 @@ int runExport(const ToolArguments& arguments) {
     opened.rebuildCompletely(static_cast<float>(cell));
 
     Project& project = opened.project();
-    for (int id = 101; id <= 130; ++id)
-        project.HtmlWords[static_cast<size_t>(id - 100)] = LoadResString(id);
-    WebpageState state;
     const bool verbose = project.BoardCount * project.GridSide * project.GridSide > 100;
-    const QStringList pages = ExportWebpages(project, options, project.BoardCount, project.GridSide,
-                                             target.Folder, target.Stem, state);
-    QImage canvas;
-    FailureCollector failures;
-    QStringList pictures;
-    const bool done =
-        ExportPanePictures(project, project.BoardCount, project.GridSide, target.Folder, canvas, failures,
-                           &pictures, [verbose](int pane, int last) {
-                               if (verbose && (pane % 100 == 0 || pane == last))
-                                   Report(QStringLiteral("kv1: picture %1 of %2\n").arg(pane).arg(last));
-                           });
-    if (!done) throw ToolFailure(failures.first);
+    const ProjectExport exported = ExportProject(project, options, target, [verbose](int pane, int last) {
+        if (verbose && (pane % 100 == 0 || pane == last))
+            Report(QStringLiteral("kv1: picture %1 of %2\n").arg(pane).arg(last));
+    });
+    if (!exported.done) throw ToolFailure(exported.failure);
     Print(QStringLiteral("Exported %1 to %2: %3 pages, %4 pictures\n")
               .arg(opened.path, target.Folder)
-              .arg(pages.size())
-              .arg(pictures.size()));
-    for (const QString& file : pages + pictures)
+              .arg(exported.pages.size())
+              .arg(exported.pictures.size()));
+    for (const QString& file : exported.pages + exported.pictures)
         Print(QStringLiteral("  ") + file + QLatin1Char('\n'));
     return 0;
 }

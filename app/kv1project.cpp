@@ -1,9 +1,9 @@
 #include "kv1project.h"
 
+#include "flows/projectopen.h"
 #include "kv1tool.h"
 #include "model/numbers.h"
 #include "model/projectfile.h"
-#include "model/projectopen.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>

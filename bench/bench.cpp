@@ -21,16 +21,18 @@
 // Each measuring command prints "seconds <s>" and "peak-rss <KiB>".
 #include "corpus.h"
 #include "dialogs/qtprompts.h"
+#include "export/htmlexport.h"
+#include "export/htmlwords.h"
+#include "flows/importsequence.h"
+#include "flows/projectopen.h"
+#include "flows/projectsave.h"
 #include "images/jpegdecode.h"
 #include "images/panebatch.h"
 #include "images/paneimage.h"
 #include "images/sequence.h"
-#include "export/htmlexport.h"
-#include "export/htmlwords.h"
 #include "model/numbers.h"
 #include "model/project.h"
 #include "model/projectfile.h"
-#include "model/projectopen.h"
 #include "model/prompts.h"
 #include "model/workfolder.h"
 #include "stage/application.h"
@@ -185,7 +187,8 @@ int encodeFloor(const Args& a) {
     const QStringList files = frameFiles(a.dir);
     std::vector<QImage> pictures;
     for (int i = 0; i < qMin<int>(files.size(), 50); ++i)
-        pictures.push_back(RenderPaneSquare(QImage(files[i]), a.cell, 0, 0).convertToFormat(QImage::Format_BGR888));
+        pictures.push_back(
+            RenderPaneSquare(QImage(files[i]), a.cell, 0, 0).convertToFormat(QImage::Format_BGR888));
     struct Encoder {
         tjhandle h = tjInitCompress();
         ~Encoder() { tjDestroy(h); }
@@ -217,7 +220,8 @@ void loadBuiltProject(Project& project, const QString& out) {
         pane.ImageFile = PaneImageName(project, p);
         pane.Text = QStringLiteral("Shot %1").arg(p);
     }
-    for (int id = 101; id <= 130; ++id) project.HtmlWords[static_cast<size_t>(id - 100)] = LoadResString(id);
+    for (int id = 101; id <= 130; ++id)
+        project.HtmlWords[static_cast<size_t>(id - 100)] = LoadResString(id);
 }
 
 int makeProject(const Args& a) {
@@ -228,8 +232,8 @@ int makeProject(const Args& a) {
     project.BoardCount = 40;
     assignFrames(project, frameFiles(a.dir), kMaxPane);
     StorePaneImages(project, 1, kMaxPane, static_cast<float>(a.cell), true);
-    SaveProjectFile(project, QStringLiteral("trip"), a.out + QStringLiteral("/trip.kv1"), a.out + QLatin1Char('/'),
-                    kMaxPane, 40, 5);
+    SaveProjectFile(project, QStringLiteral("trip"), a.out + QStringLiteral("/trip.kv1"),
+                    a.out + QLatin1Char('/'), kMaxPane, 40, 5);
     return 0;
 }
 
@@ -247,7 +251,8 @@ int save(const Args& a) {
     const QString folder = freshFolder(a.dir, "save");
     QElapsedTimer t;
     t.start();
-    SaveProjectFile(project, QStringLiteral("trip"), folder + QStringLiteral("trip.kv1"), folder, kMaxPane, 40, 5);
+    SaveProjectFile(project, QStringLiteral("trip"), folder + QStringLiteral("trip.kv1"), folder, kMaxPane,
+                    40, 5);
     report(t.nsecsElapsed() / 1e9);
     return 0;
 }
@@ -258,7 +263,8 @@ int open(const Args& a) {
     project.WorkFolder = work.path();
     QElapsedTimer t;
     t.start();
-    ReadProject(project, a.dir + QStringLiteral("/trip.kv1"), a.dir + QLatin1Char('/'), QStringLiteral("trip"));
+    ReadProject(project, a.dir + QStringLiteral("/trip.kv1"), a.dir + QLatin1Char('/'),
+                QStringLiteral("trip"));
     RebuildPaneImages(project, static_cast<float>(a.cell));
     report(t.nsecsElapsed() / 1e9);
     return 0;
@@ -409,14 +415,22 @@ int main(int argc, char** argv) {
     for (int i = 0; i < argsIn.size(); ++i) {
         const QString& s = argsIn[i];
         auto next = [&] { return i + 1 < argsIn.size() ? argsIn[++i].toInt() : 0; };
-        if (s == QLatin1String("--frames")) a.frames = next();
-        else if (s == QLatin1String("--cell")) a.cell = next();
-        else if (s == QLatin1String("--count")) a.count = next();
-        else if (s == QLatin1String("--grid")) a.grid = next();
-        else if (s == QLatin1String("--parallel")) a.parallel = true;
-        else if (a.command.isEmpty()) a.command = s;
-        else if (a.dir.isEmpty()) a.dir = s;
-        else a.out = s;
+        if (s == QLatin1String("--frames"))
+            a.frames = next();
+        else if (s == QLatin1String("--cell"))
+            a.cell = next();
+        else if (s == QLatin1String("--count"))
+            a.count = next();
+        else if (s == QLatin1String("--grid"))
+            a.grid = next();
+        else if (s == QLatin1String("--parallel"))
+            a.parallel = true;
+        else if (a.command.isEmpty())
+            a.command = s;
+        else if (a.dir.isEmpty())
+            a.dir = s;
+        else
+            a.out = s;
     }
     const std::map<QString, std::function<int(const Args&)>> commands{
         {QStringLiteral("corpus"),

@@ -4,7 +4,9 @@
 
 #include <QString>
 
-// The project file (".kv1") and its picture folder "<name>_Data" beside it.
+// The project file (".kv1") and its picture folder "<name>_Data" beside it: the format. Reading
+// a file into the model and saving the model with its pictures are flows/projectopen.h and
+// flows/projectsave.h.
 //
 // The file is Windows-1252 text, every line ended by CR LF: 7 header lines (pane total, board
 // count, grid side, footer, global highlight colour, move highlight colour, title), then 6 lines
@@ -17,18 +19,12 @@
 // file name less its last four characters (empty when the name has four or fewer).
 void SetPathReply(ReplyList& reply, const QString& chosen);
 
+// "<stem>-<index as 0000>": how a pane's picture is named in the file and, with ".bmp", in the
+// picture folder.
+QString ProjectPictureName(const QString& stem, int index);
+
 // "<folder><name>_Data": folder ends in "/" as the dialogs give it.
 QString PictureFolder(const QString& folder, const QString& name);
-
-// Writes the picture folder (created when missing, never emptied) with a copy of the working
-// picture of every pane from 1 to 1000 that has one, then the project file at path. Every file is
-// written under a temporary name and renamed into place when complete, the project file last, so
-// a save that fails half-way never leaves a picture or the project file cut short.
-// Until the first picture is copied a failure is a RunTimeError (76 when the folder is missing,
-// 75 otherwise); from then on failures are ignored: a picture that cannot be copied is left out,
-// and a project file that cannot be written is not written.
-void SaveProjectFile(Project& project, const QString& name, const QString& path, const QString& folder,
-                     qint16 paneTotal, qint16 boardCount, qint16 gridSide);
 
 // The bytes of the project file that SaveProjectFile writes: panes 1 to the pane total, at most
 // to pane 1000.
@@ -42,18 +38,6 @@ struct ProjectFileHeader {
 };
 
 // What LoadProjectFile makes of a file's bytes, before the picture paths: the header, and the
-// values of the title, the footer, the colours and the panes stored into the model as described
-// below. Never fails, whatever the bytes.
+// values of the title, the footer, the colours and the panes stored into the model as
+// LoadProjectFile (flows/projectopen.h) describes. Never fails, whatever the bytes.
 ProjectFileHeader ParseProjectFile(Project& project, const QByteArray& bytes);
-
-// Reads the project file at path into the model as the character-by-character reader does: each
-// line's value is stored after each of its characters, so the last store wins (for numbers, the
-// longest prefix that converts; a line that stores nothing leaves the value that was there); only
-// a carriage return ends a line, line feeds are skipped; a picture name of fewer than five
-// characters leaves SourceStem alone; flip flags are set to 0; lines after the last pane go to the
-// panes after it, and lines past pane 1000 are dropped. Then DialogReply2 elements 1 to 3 hold the
-// pane total, board count and grid side, and every pane up to the pane total gets its ImageFile
-// (its working picture, made when the pane is rebuilt) and SourceFile (the copy in the picture
-// folder of folder and name), or "none" for both.
-// Only opening the file can fail: RunTimeError 53 (no such file), 76 (no such folder) or 75.
-void LoadProjectFile(Project& project, const QString& path, const QString& folder, const QString& name);

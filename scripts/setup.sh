@@ -22,11 +22,17 @@ kelvrin_install() {
     "${sudo[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}"
 }
 
-kelvrin_build() {
+# kelvrin_configure BUILD [CMAKE_OPTIONS...]: configures BUILD the first time.
+kelvrin_configure() {
     local build="$1"
     shift
     if [ ! -f "$build/build.ninja" ]; then
         cmake -S "$KELVRIN_ROOT" -B "$build" -G Ninja "$@"
     fi
-    cmake --build "$build"
+}
+
+# kelvrin_build BUILD [CMAKE_OPTIONS...]: configures BUILD the first time, then builds everything.
+kelvrin_build() {
+    kelvrin_configure "$@"
+    cmake --build "$1"
 }

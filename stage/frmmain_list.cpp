@@ -1,6 +1,6 @@
 #include "stage/frmmain.h"
 
-#include "images/reshape.h"
+#include "flows/reshape.h"
 #include "model/numbers.h"
 #include "stage/progress.h"
 

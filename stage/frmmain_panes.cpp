@@ -1,3 +1,4 @@
+#include "flows/importsequence.h"
 #include "stage/frmmain.h"
 
 #include "stage/progress.h"
@@ -8,10 +9,10 @@
 #include "dialogs/frmhelp.h"
 #include "dialogs/frmmsgbox.h"
 #include "dialogs/frmoptions.h"
+#include "flows/reshape.h"
 #include "images/paneflip.h"
 #include "images/paneimage.h"
 #include "images/picture.h"
-#include "images/reshape.h"
 #include "images/sequence.h"
 #include "images/shuffle.h"
 #include "model/boardsetup.h"

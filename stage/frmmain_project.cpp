@@ -1,11 +1,12 @@
+#include "flows/projectsave.h"
 #include "stage/frmmain.h"
 
 #include "stage/progress.h"
 
 #include "dialogs/frmhtml.h"
+#include "flows/projectopen.h"
 #include "model/numbers.h"
 #include "model/projectfile.h"
-#include "model/projectopen.h"
 #include "model/runtimeerror.h"
 
 namespace {

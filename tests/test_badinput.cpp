@@ -3,6 +3,7 @@
 // kv1's answer to each. Whatever comes in, the program goes on or ends in its run-time error.
 #include "dialogs/frmhtml.h"
 #include "export/htmlexport.h"
+#include "flows/projectsave.h"
 #include "model/numbers.h"
 #include "model/projectfile.h"
 #include "model/runtimeerror.h"

@@ -213,8 +213,8 @@ private slots:
             QVERIFY(h.Text1->text() == "C:\\none" && !h.Button_acceptOrclose[1]->isEnabled());
         });
         const FileRequest& r = m_->prompts.requests.value(0);
-        QCOMPARE(r.title + "|" + r.filter + "|" + r.fileName,
-                 "Save Project (as html) ...|htm (*.htm)|*.htm|Untitled.htm");
+        QCOMPARE(Joined(r.title, r.filter, r.fileName),
+                 Joined("Save Project (as html) ...", "htm (*.htm)|*.htm", "Untitled.htm"));
         // 12 panes on 3 x 3 pages: two pages; a JPEG for each pane with a picture, upright.
         QCOMPARE(QDir(web()).entryList(QDir::Files, QDir::Name),
                  (QStringList{"Vanto01-001.JPG", "Vanto06-006.JPG", "trip_001.htm", "trip_002.htm"}));
@@ -264,7 +264,7 @@ private slots:
             h.Button_acceptOrclose[1]->click();
         });
         QCOMPARE(m_->prompts.messages.size(), 1);
-        QCOMPARE(m_->prompts.messages[0].text + "|" + m_->prompts.messages[0].title,
+        QCOMPARE(Joined(m_->prompts.messages[0].text, m_->prompts.messages[0].title),
                  "I encountered an error saving an image in the html file.|KV1 : Html Output");
         QVERIFY(!QFile::exists(web("Vanto06-006.JPG")));
 

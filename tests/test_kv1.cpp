@@ -1,8 +1,8 @@
 // The companion tool kv1, run as a user runs it, on projects made here.
 #include "export/htmlwords.h"
 #include "export/webpage.h"
+#include "flows/projectopen.h"
 #include "model/ansi.h"
-#include "model/projectopen.h"
 #include "support/check.h"
 #include "support/testpictures.h"
 

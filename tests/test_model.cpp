@@ -2,11 +2,12 @@
 // bytes on saving, what the reader makes of every kind of file, round trips with pictures, and
 // the Save Project As / Open Project flows of the main window.
 #include "dialogs/frmhtml.h"
+#include "flows/projectopen.h"
+#include "flows/projectsave.h"
 #include "model/ansi.h"
 #include "model/linevalue.h"
 #include "model/numbers.h"
 #include "model/projectfile.h"
-#include "model/projectopen.h"
 #include "support/mainwindow.h"
 
 #include <QRandomGenerator>
@@ -306,7 +307,7 @@ private slots:
         m.w->mnu_OpenProject->trigger();
         QCOMPARE(m.prompts.requests[1].title + m.prompts.requests[1].folder,
                  "Load Project ..." + m.dir.path());
-        QCOMPARE(m.project.DialogReply[2] + "|" + m.project.DialogReply[3], folder + "|hand");
+        QCOMPARE(Joined(m.project.DialogReply[2], m.project.DialogReply[3]), Joined(folder, "hand"));
         QVERIFY(m.w->Combo_PageView->count() == 2 && m.w->List1->count() == 18 && !m.project.IsBusy);
         QCOMPARE(m.w->Combo_PageView->itemText(1) + m.w->List1->item(1)->text() +
                      m.w->List1->item(17)->text(),

@@ -39,8 +39,8 @@ private slots:
             const ImageSequence s = AnalyseSequence("/pics/" + title, title);
             const QString tenth =
                 s.Result == "Success" ? s.Prefix + SequenceNumberText(s.Number + 10, s.Zeros) : "";
-            QCOMPARE(QStringList({title, s.Result, Str(s.Zeros), Str(s.Number), s.Prefix, tenth}).join(' '),
-                     row);
+            QCOMPARE(Joined(title, s.Result, s.Zeros, s.Number, s.Prefix, tenth),
+                     Values(QString(row).replace(' ', '|')));
             QCOMPARE(s.Folder + s.Extension, "/pics/" + s.Path.right(4));
         }
     }
@@ -59,8 +59,8 @@ private slots:
         m.prompts.answers.enqueue(first);
         m.w->mnu_MassImage_Click();
 
-        QCOMPARE(m.prompts.requests[0].title + "|" + m.prompts.requests[0].filter,
-                 "Mass Image Import ...|Formats (*.Bmp *.Gif *.Jpg)|*.Bmp;*.Gif;*.Jpg");
+        QCOMPARE(Joined(m.prompts.requests[0].title, m.prompts.requests[0].filter),
+                 Joined("Mass Image Import ...", "Formats (*.Bmp *.Gif *.Jpg)|*.Bmp;*.Gif;*.Jpg"));
         const Pane& second = m.project.Panes(2);
         QCOMPARE(Joined(second.SourceStem, second.SourceFile, second.ImageFile),
                  Joined("Vanto", m.path("Vanto06.JPG"), m.project.WorkFolder + "/Vanto-0002.BMP"));
@@ -69,8 +69,8 @@ private slots:
         QCOMPARE(Joined(third.SourceStem, third.ImageFile, third.SourceFile, third.FlipHorizontal),
                  Joined("Old", old, "none", 0));
         QCOMPARE(m.prompts.messages.size(), 1);
-        QCOMPARE(m.prompts.messages[0].title + "|" + m.prompts.messages[0].text,
-                 "Kelvrin : Import|I found 2" + kTruncation);
+        QCOMPARE(Joined(m.prompts.messages[0].title, m.prompts.messages[0].text),
+                 Joined("Kelvrin : Import", "I found 2" + kTruncation));
     }
 
     void countMessageAndRefusedNames() {
@@ -128,7 +128,7 @@ private slots:
         QVERIFY(WriteAll(m.path("broken.jpg"), "not a picture"));
         m.prompts.answers.enqueue(m.path("broken.jpg"));
         QCOMPARE(ErrorNumberOf([&] { m.w->mnu_LoadPicture_Click(); }), 481);
-        QCOMPARE(pane.SourceFile + "|" + pane.SourceStem, m.path("broken.jpg") + "|broken");
+        QCOMPARE(Joined(pane.SourceFile, pane.SourceStem), Joined(m.path("broken.jpg"), "broken"));
     }
 
     void flipsBlankAndCloseUp() {

@@ -2,15 +2,17 @@
 // of them running into a picture cut short), drags, flips, blanks, shuffles, texts, new shapes,
 // re-layouts, saves and opens. After every step each working picture exists and is a square of the
 // cell size; after every save and open the project is the one that was saved.
+#include "flows/importsequence.h"
+#include "flows/projectopen.h"
+#include "flows/projectsave.h"
+#include "flows/reshape.h"
 #include "images/panebatch.h"
 #include "images/paneflip.h"
 #include "images/paneimage.h"
-#include "images/reshape.h"
 #include "images/sequence.h"
 #include "images/shuffle.h"
 #include "model/numbers.h"
 #include "model/projectfile.h"
-#include "model/projectopen.h"
 #include "support/testpictures.h"
 
 #include <QImageReader>

@@ -20,17 +20,19 @@ class TestStage : public QObject {
         m_->give(pane, SolidPicture(40, 40, colour), stem);
     }
     QColor stagePixel(QPoint at) const { return w_->picStage->Picture.pixelColor(at); }
-    // The stage's colours at some points, as "#rrggbb|...".
-    QString pixels(std::initializer_list<QPoint> points) const {
-        QStringList names;
-        for (QPoint at : points)
-            names << stagePixel(at).name();
-        return names.join('|');
+    // The stage's colours at some points, each named by its point.
+    Values pixels(std::initializer_list<QPoint> points) const {
+        Values colours;
+        for (QPoint at : points) {
+            colours.texts << stagePixel(at).name();
+            colours.names << AsText(at);
+        }
+        return colours;
     }
     // Board shown, pane list row, selected pane and the edit row.
-    QString selection() const {
-        return Joined(w_->Combo_PageView->currentIndex(), w_->List1->currentRow(), w_->SelectedPane,
-                      w_->Text1->text());
+    Values selection() const {
+        return NAMED_VALUES(w_->Combo_PageView->currentIndex(), w_->List1->currentRow(), w_->SelectedPane,
+                            w_->Text1->text());
     }
     QPoint centre(int k) const { return m_->centre(k); }
     // Presses at one cell's centre and releases at another point, the pointer moving as a user's.
@@ -73,7 +75,7 @@ private slots:
         QCOMPARE(m_->prompts.messages.size(), 1);
         const auto& shown = m_->prompts.messages[0];
         QCOMPARE(
-            shown.title + "|" + shown.text,
+            Joined(shown.title, shown.text),
             "Kelvrin : Resize Error|I experienced an error whilst trying to resize; Please reset Kelvrin.");
         QCOMPARE(shown.icon, MsgIcon::Exclamation);
         // The stage itself was already placed when the side bar failed.
@@ -281,7 +283,7 @@ private slots:
         w_->Text1->setText("  Shot 7  ");
         QVERIFY(w_->cmdButton->isEnabled());
         w_->cmdButton->click();
-        QCOMPARE(w_->List1->item(6)->text() + "|" + project().Panes(7).Text, "007. Shot 7|Shot 7");
+        QCOMPARE(Joined(w_->List1->item(6)->text(), project().Panes(7).Text), "007. Shot 7|Shot 7");
         w_->Text1->clear();
         QVERIFY(!w_->cmdButton->isEnabled());
         w_->SwapItemText();
@@ -303,7 +305,7 @@ private slots:
         project().Panes(7).Text = "Shot 7";
         w_->List1->setCurrentRow(6);
         w_->mnu_Remove_Click();
-        QCOMPARE(w_->List1->item(6)->text() + "|" + project().Panes(7).Text, "007. ToUse|ToUse");
+        QCOMPARE(Joined(w_->List1->item(6)->text(), project().Panes(7).Text), "007. ToUse|ToUse");
 
         // "Clear All" resets the records one below the items: pane 12 keeps its text.
         QStringList texts;
@@ -331,10 +333,8 @@ private slots:
         }
         w_->FillLists(3, 2, w_->StageSize, false);
         // Everything of a pane but the cell table, which stays with the cell.
-        const auto content = [this](int pane) {
-            return PaneFields(project().Panes(pane)).section('|', 0, 7);
-        };
-        const QString three = content(3), seven = content(7);
+        const auto content = [this](int pane) { return PaneFields(project().Panes(pane)).first(8); };
+        const Values three = content(3), seven = content(7);
 
         QWidget* stage = w_->picStage;
         const QPoint to = centre(7) + QPoint(20, 10);
@@ -348,8 +348,9 @@ private slots:
                  Joined(true, centre(3), to, QColor(0, 255, 0)));
         QTest::mouseRelease(stage, Qt::LeftButton, {}, to);
 
-        QCOMPARE(content(3) + content(7), seven + three);
-        QCOMPARE(w_->List1->item(2)->text() + "|" + w_->List1->item(6)->text(),
+        QCOMPARE(content(3), seven);
+        QCOMPARE(content(7), three);
+        QCOMPARE(Joined(w_->List1->item(2)->text(), w_->List1->item(6)->text()),
                  "003. Seven text|007. Three text");
         QVERIFY(!w_->DragActive && !line.Visible && stage->cursor().shape() != Qt::SizeAllCursor);
         QCOMPARE(pixels({centre(3), centre(7)}), "#0000ff|#ff0000");
@@ -427,7 +428,7 @@ private slots:
         for (QAction* a :
              {w_->mnu_OpenProject, w_->mnu_SaveAs, w_->mnu_ExportHTML, w_->mnu_Exit, w_->mnu_Help})
             keys << a->shortcut().toString();
-        QCOMPARE(keys.join(' '), "Ctrl+O Ctrl+Shift+S Ctrl+E Ctrl+Q F1");
+        QCOMPARE(keys, QString("Ctrl+O Ctrl+Shift+S Ctrl+E Ctrl+Q F1").split(' '));
         w_->hide();
     }
 };

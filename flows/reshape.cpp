@@ -1,4 +1,4 @@
-#include "images/reshape.h"
+#include "flows/reshape.h"
 
 #include "images/panebatch.h"
 #include "model/workfolder.h"
