@@ -6,10 +6,28 @@
 #include "stage/application.h"
 #include "stage/frmmain.h"
 
+#include <QCommandLineParser>
+#include <QTimer>
+#include <cstdio>
+
 int main(int argc, char** argv) {
     KelvrinApplication app(argc, argv);
     KelvrinApplication::setApplicationName(QStringLiteral("kelvrin"));
     KelvrinApplication::setDesktopFileName(QStringLiteral("works.orvane.Kelvrin"));
+    KelvrinApplication::setApplicationVersion(QStringLiteral(KELVRIN_VERSION));
+
+    QCommandLineParser arguments;
+    arguments.setApplicationDescription(QStringLiteral("Lays out sequences of pictures as boards of panes."));
+    arguments.addHelpOption();
+    arguments.addVersionOption();
+    arguments.addPositionalArgument(QStringLiteral("PROJECT.kv1"), QStringLiteral("A project to open."),
+                                    QStringLiteral("[PROJECT.kv1]"));
+    arguments.process(app);
+    const QStringList projects = arguments.positionalArguments();
+    if (projects.size() > 1) {
+        std::fprintf(stderr, "kelvrin: one project at a time\n");
+        return 2;
+    }
 
     QtPrompts prompts;
     app.SetPrompts(&prompts);
@@ -28,6 +46,10 @@ int main(int argc, char** argv) {
         // The window covers the work area; without a window manager to maximise it, it is placed there.
         window.setGeometry(window.WorkArea());
         window.showMaximized();
+        // Opened once the window is up, as the Open Project command would open it.
+        if (!projects.isEmpty())
+            QTimer::singleShot(0, &window,
+                               [&window, &projects] { window.OpenProjectFromCommandLine(projects.first()); });
         return KelvrinApplication::exec();
     } catch (const RunTimeError& error) {
         app.Fail(error);

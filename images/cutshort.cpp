@@ -88,3 +88,16 @@ bool GifCutShort(const QByteArray& d) {
     }
     return true;
 }
+
+bool PngCutShort(const QByteArray& data) {
+    qsizetype at = 8; // the signature
+    // Each chunk is its length, its type, its data and a check sum.
+    while (at + 12 <= data.size()) {
+        const qint64 length = qFromBigEndian<quint32>(data.constData() + at);
+        const QByteArray type = data.mid(at + 4, 4);
+        if (length > data.size() - at - 12) return true;
+        if (type == "IEND") return false;
+        at += 12 + qsizetype(length);
+    }
+    return true;
+}

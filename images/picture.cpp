@@ -8,6 +8,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QImageReader>
+#include <QPainter>
 
 namespace {
 QByteArray readAll(const QString& path) {
@@ -38,12 +39,20 @@ QImage DecodePicture(const QByteArray& data, QSize atLeast, const QString& path)
     reader.setDecideFormatFromContent(true);
     reader.setAllocationLimit(static_cast<int>(kMaxPictureBytes / (1024 * 1024)));
     const QByteArray format = reader.format();
-    if (format != "bmp" && format != "gif" && format != "jpeg" && format != "jpg")
+    if (format != "bmp" && format != "gif" && format != "jpeg" && format != "jpg" && format != "png")
         throw RunTimeError::InvalidPicture(path);
-    if ((format == "bmp" && BmpCutShort(data)) || (format == "gif" && GifCutShort(data)))
+    if ((format == "bmp" && BmpCutShort(data)) || (format == "gif" && GifCutShort(data)) ||
+        (format == "png" && PngCutShort(data)))
         throw RunTimeError::InvalidPicture(path);
     image = reader.read();
     if (image.isNull()) throw RunTimeError::InvalidPicture(path);
+    if (format == "png" && image.hasAlphaChannel()) {
+        // Rendered frames often carry transparency; a board shows them as on paper.
+        QImage onWhite(image.size(), QImage::Format_RGB32);
+        onWhite.fill(Qt::white);
+        QPainter(&onWhite).drawImage(0, 0, image);
+        return onWhite;
+    }
     return image;
 }
 

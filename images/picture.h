@@ -5,9 +5,10 @@
 #include <QSize>
 #include <QString>
 
-// Reads a BMP, GIF or JPEG picture, recognised by its content rather than its name.
-// A missing file is RunTimeError 53, a file that cannot be read 75, anything that is not a
-// readable picture of those three kinds (damaged, cut short, or of an absurd size) 481.
+// Reads a BMP, GIF, JPEG or PNG picture, recognised by its content rather than its name; a PNG with
+// transparency comes composed on white. A missing file is RunTimeError 53, a file that cannot be
+// read 75, anything that is not a readable picture of those kinds (damaged, cut short, or of an
+// absurd size) 481.
 QImage LoadPicture(const QString& path);
 
 // The same, but a JPEG may come out smaller than its full size: decoded at the smallest scale

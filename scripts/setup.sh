@@ -8,6 +8,8 @@ KELVRIN_BUILD="${KELVRIN_BUILD:-$KELVRIN_ROOT/build}"
 kelvrin_packages=(g++ cmake ninja-build pkg-config qt6-base-dev libturbojpeg0-dev fonts-dejavu-core)
 # The install test validates the desktop entry, the metainfo and the man pages with these.
 kelvrin_packages+=(desktop-file-utils appstream man-db file)
+# ... and the MIME type of project files with these.
+kelvrin_packages+=(shared-mime-info xdg-utils libglib2.0-bin)
 
 kelvrin_install() {
     local missing=() p

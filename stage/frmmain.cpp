@@ -12,6 +12,7 @@
 #include "images/jpeglibrary.h"
 #include "model/colour.h"
 #include "model/numbers.h"
+#include "model/recentprojects.h"
 #include "model/runtimeerror.h"
 #include "model/workfolder.h"
 #include "stage/panelistwidget.h"
@@ -63,8 +64,13 @@ frmMain::frmMain(Project& project, Prompts& prompts, QWidget* parent)
     ShowModal = [](QDialog& dialog) { dialog.exec(); };
     ShowPopup = [](QMenu& menu, const QPoint& at) { menu.exec(at); };
 
+    RecentSettingsFile = RecentProjectsFile();
     buildControls();
     buildMenus();
+    RefreshRecentMenu();
+    setAcceptDrops(true);
+    // The text row takes dropped text of its own; files dropped on it are the window's.
+    Text1->installEventFilter(this);
     addKeyboardAccess();
     describeControls();
 
@@ -174,6 +180,11 @@ void frmMain::buildMenus() {
     mnu_File->addSeparator();
     mnu_ExportHTML = addCommand(mnu_File, "mnu_ExportHTML", QStringLiteral("Export As Html"),
                                 &frmMain::mnu_ExportHTML_Click);
+    mnu_File->addSeparator();
+    mnu_OpenRecent = mnu_File->addMenu(QStringLiteral("Open Recent"));
+    mnu_OpenRecent->setObjectName(QStringLiteral("mnu_OpenRecent"));
+    // Projects can vanish while the program runs: the list is looked at each time it opens.
+    connect(mnu_OpenRecent, &QMenu::aboutToShow, this, [this] { RefreshRecentMenu(); });
     mnu_File->addSeparator();
     mnu_Exit = addCommand(mnu_File, "mnu_Exit", QStringLiteral("Exit"), &frmMain::mnu_Exit_Click);
 

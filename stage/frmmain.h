@@ -162,6 +162,28 @@ public:
     void AskOpenPath();
     void SaveProject();
     void OpenProject();
+    // The Open Project flow from after its dialog, for a path given otherwise: a recent project,
+    // a drop, the command line.
+    void OpenProjectFile(const QString& path);
+    // The project named on the command line. A file that cannot be opened is reported as Open
+    // Project reports it, and the program goes on with an empty project.
+    void OpenProjectFromCommandLine(const QString& path);
+    // The start-up project: one board of 2 x 2 empty panes.
+    void StartEmptyProject();
+
+    // Recent projects: kept in RecentSettingsFile, listed in the File menu's "Open Recent".
+    QString RecentSettingsFile;
+    QMenu* mnu_OpenRecent;
+    QAction* mnu_ClearRecent = nullptr;
+    void NoteRecentProject(const QString& path);
+    void RefreshRecentMenu();
+
+    // Files dropped from other programs (frmmain_drop.cpp): pictures onto a pane of the stage, a
+    // project file anywhere on the window.
+    // Loads pictures into firstPane and the panes after it with one redraw.
+    void DropPictures(const QStringList& files, qint16 firstPane);
+    // The pane under a point of the stage, or 0 outside every pane of the current board.
+    int PaneAtStagePoint(QPoint at);
 
     // Menu commands.
     void mnu_OpenProject_Click();
@@ -204,6 +226,11 @@ public:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragMoveEvent(QDragMoveEvent* event) override;
+    void dragLeaveEvent(QDragLeaveEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:
@@ -218,5 +245,10 @@ private:
     QPoint cellCentre(int cell) const;
     // A left click on the cell's centre: pointer over it, press, release.
     void clickCell(int cell, Qt::KeyboardModifiers shift);
+    void OpenChosenProject();
+    // Whether a drag of these files may be dropped at a point of the window; highlights the pane
+    // that pictures would land in.
+    bool acceptsDrag(const QMimeData* data, QPoint windowPoint);
+    void clearDropHighlight();
     bool unloaded_ = false;
 };

@@ -21,8 +21,9 @@
 #include <QFileInfo>
 
 namespace {
-// The filter's text is what the user reads in the dialog; it is kept as it always was.
-const QString kPictureFilter = QStringLiteral("Formats (*.Bmp *.Gif *.Jpg)|*.Bmp;*.Gif;*.Jpg");
+// The filter's first entry is what the user has always read in the dialog; the second adds PNG.
+const QString kPictureFilter = QStringLiteral("Formats (*.Bmp *.Gif *.Jpg)|*.Bmp;*.Gif;*.Jpg|All pictures "
+                                              "(*.Bmp *.Gif *.Jpg *.Png)|*.Bmp;*.Gif;*.Jpg;*.Png");
 const QString kImportTitle = QStringLiteral("Kelvrin : Import");
 
 // The dialog opens where the last file was chosen.

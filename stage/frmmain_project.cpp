@@ -7,7 +7,12 @@
 #include "flows/projectopen.h"
 #include "model/numbers.h"
 #include "model/projectfile.h"
+#include "model/recentprojects.h"
 #include "model/runtimeerror.h"
+#include "stage/application.h"
+
+#include <QFileInfo>
+#include <cstdio>
 
 namespace {
 const QString kProjectFilter = QStringLiteral("KV1 (*.kv1)|*.kv1");
@@ -47,11 +52,24 @@ void frmMain::SaveProject() {
     if (project.DialogReply[1] == kNone) return;
     SaveProjectFile(project, project.DialogReply[3], project.DialogReply[1], project.DialogReply[2],
                     paneTotal, boards, project.GridSide);
+    NoteRecentProject(project.DialogReply[1]);
 }
 
 void frmMain::OpenProject() {
     AskOpenPath();
     if (project.DialogReply[1] == kNone) return;
+    OpenChosenProject();
+}
+
+void frmMain::OpenProjectFile(const QString& path) {
+    const QString chosen = QFileInfo(path).absoluteFilePath();
+    LastFileName = chosen;
+    SetPathReply(project.DialogReply, chosen);
+    OpenChosenProject();
+}
+
+void frmMain::OpenChosenProject() {
+    const QString path = project.DialogReply[1];
     picStage->setCursor(Qt::WaitCursor);
     picStage->ClearPicture();
 
@@ -74,6 +92,69 @@ void frmMain::OpenProject() {
     project.IsBusy = false;
     picStage->setCursor(Qt::ArrowCursor);
     DrawCurrentBoard();
+    NoteRecentProject(path);
+}
+
+void frmMain::OpenProjectFromCommandLine(const QString& path) {
+    try {
+        OpenProjectFile(path);
+    } catch (const RunTimeError& error) {
+        // Told as the menu's Open Project tells it, but nobody asked yet for anything else: the
+        // program goes on with the empty project it started with.
+        std::fprintf(stderr, "kelvrin: %s\n", error.what());
+        ReportRunTimeError(error, prompts);
+        StartEmptyProject();
+    }
+}
+
+void frmMain::StartEmptyProject() {
+    // The colours and lists of start-up too: a project read in part may have changed them.
+    InitLists();
+    project.IsBusy = true;
+    project.GridSide = 2;
+    project.BoardCount = 1;
+    project.BoardTitle = kToUse;
+    project.FooterText = kToUse;
+    ResetPanes(project);
+    RefillBoardChooser(project.BoardCount);
+    RefillPaneList(PaneTotal(project), false);
+    picLoader = BlankPicture();
+    project.IsBusy = false;
+    picStage->setCursor(Qt::ArrowCursor);
+    DrawCurrentBoard();
+}
+
+// Recent projects.
+
+void frmMain::NoteRecentProject(const QString& path) {
+    WriteRecentProjects(RecentSettingsFile, WithRecentProject(ReadRecentProjects(RecentSettingsFile), path));
+    RefreshRecentMenu();
+}
+
+void frmMain::RefreshRecentMenu() {
+    // An entry may be the one being chosen right now: it goes once its signal is over.
+    for (QAction* old : mnu_OpenRecent->actions()) {
+        mnu_OpenRecent->removeAction(old);
+        old->deleteLater();
+    }
+    const QStringList recent = ReadRecentProjects(RecentSettingsFile);
+    for (const QString& path : recent) {
+        // "&" would otherwise mark a shortcut letter.
+        QAction* entry =
+            mnu_OpenRecent->addAction(QString(path).replace(QLatin1Char('&'), QStringLiteral("&&")));
+        entry->setData(path);
+        // A project moved or deleted since is shown, but cannot be opened.
+        entry->setEnabled(QFileInfo(path).isFile());
+        connect(entry, &QAction::triggered, this, [this, path] { OpenProjectFile(path); });
+    }
+    mnu_OpenRecent->addSeparator();
+    mnu_ClearRecent = mnu_OpenRecent->addAction(QStringLiteral("Clear Menu"));
+    mnu_ClearRecent->setObjectName(QStringLiteral("mnu_ClearRecent"));
+    mnu_ClearRecent->setEnabled(!recent.isEmpty());
+    connect(mnu_ClearRecent, &QAction::triggered, this, [this] {
+        WriteRecentProjects(RecentSettingsFile, {});
+        RefreshRecentMenu();
+    });
 }
 
 void frmMain::mnu_OpenProject_Click() {

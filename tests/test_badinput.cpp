@@ -13,6 +13,7 @@
 
 #include <QProcess>
 #include <QRandomGenerator>
+#include <QtEndian>
 #include <QtTest>
 #include <csignal>
 #include <sys/resource.h>
@@ -26,13 +27,26 @@ QByteArray randomBytes(int size) {
     return bytes;
 }
 
-// A picture of the kind its extension names (jpg, gif, bmp) and a damage: "empty", "cut" (its
-// first 60 %), "damaged" (its signature, then rubbish) or "huge" (60000 x 60000 pixels announced;
-// 65500 x 65500, the most there is, for a JPEG). "whole" leaves it as it is.
+// The check sum of a PNG chunk (CRC-32 of its type and data).
+quint32 pngCrc(const QByteArray& typeAndData) {
+    quint32 crc = 0xFFFFFFFFu;
+    for (const char c : typeAndData) {
+        crc ^= quint8(c);
+        for (int bit = 0; bit < 8; ++bit)
+            crc = (crc >> 1) ^ (0xEDB88320u & (0u - (crc & 1u)));
+    }
+    return ~crc;
+}
+
+// A picture of the kind its extension names (jpg, gif, bmp, png) and a damage: "empty", "cut" (its
+// first 60 %), "damaged" (its signature, then rubbish) or "huge" (60000 x 60000 pixels announced,
+// with a PNG's check sum made to match; 65500 x 65500, the most there is, for a JPEG). "whole"
+// leaves it as it is.
 QByteArray picture(const QString& ext, const QString& damage, const QString& scratch) {
     const QImage image = QuadrantPicture(40, 30);
     if (!(ext == "jpg"   ? WriteJpeg(image, scratch)
           : ext == "gif" ? WriteGif(image, scratch)
+          : ext == "png" ? WritePng(image, scratch)
                          : WriteBmp(image, scratch)))
         qFatal("cannot write %s", qPrintable(scratch));
     QByteArray bytes = ReadAll(scratch);
@@ -44,12 +58,17 @@ QByteArray picture(const QString& ext, const QString& damage, const QString& scr
     };
     if (damage == "empty") return {};
     if (damage == "cut") return bytes.left(bytes.size() * 6 / 10);
-    if (damage == "damaged") return bytes.left(ext == "gif" ? 6 : 4) + QByteArray(300, 'Z');
+    if (damage == "damaged")
+        return bytes.left(ext == "gif" ? 6 : ext == "png" ? 8 : 4) + QByteArray(300, 'Z');
     const qsizetype sof = bytes.indexOf("\xFF\xC0"),
                     descriptor = bytes.indexOf(QByteArrayLiteral(","), 13 + 768);
     if (damage == "huge" && ext == "jpg") put({sof + 5, sof + 7}, 65500, true);
     if (damage == "huge" && ext == "gif") put({6, 8, descriptor + 5, descriptor + 7}, 60000, false);
     if (damage == "huge" && ext == "bmp") bytes = bytes.left(54), put({18, 22}, 60000, false);
+    if (damage == "huge" && ext == "png") {
+        put({18, 22}, 60000, true); // IHDR's width and height, whose high halves are 0
+        qToBigEndian(pngCrc(bytes.mid(12, 17)), bytes.data() + 29);
+    }
     return bytes;
 }
 const char* const kDamages[] = {"empty", "cut", "damaged", "huge"};
@@ -121,7 +140,7 @@ void TestBadInput::brokenPictures() {
     StartedMain m;
     rusage before{}, after{};
     getrusage(RUSAGE_SELF, &before);
-    for (const QString ext : {"jpg", "gif", "bmp"})
+    for (const QString ext : {"jpg", "gif", "bmp", "png"})
         for (const QString damage : kDamages) {
             // Alone: the run-time error, with the pane already pointing at the file and no
             // working picture made of it.
@@ -140,6 +159,15 @@ void TestBadInput::brokenPictures() {
             m.w->mnu_MassImage_Click();
             QCOMPARE(path + m.prompts.messages.last().text, path + "I found only 1 compatible image.");
             QCOMPARE(m.project.Panes(2).SourceFile, path); // the pane at the halt keeps what it had
+
+            // Dropped after a good one: the good one lands, the broken one ends in its run-time error
+            // and leaves its pane alone.
+            QCOMPARE(path + Str(ErrorNumberOf([&] {
+                         m.w->DropPictures({m.path(damage + "1." + ext), path}, 3);
+                     })),
+                     path + "481");
+            QCOMPARE(m.project.Panes(3).SourceFile, m.path(damage + "1." + ext));
+            QCOMPARE(m.project.Panes(4).SourceFile, QString(kNone));
         }
     // No announced size takes more memory than one picture may have (kMaxPictureBytes).
     getrusage(RUSAGE_SELF, &after);

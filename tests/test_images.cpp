@@ -5,10 +5,12 @@
 #include "images/jpegwriter.h"
 #include "images/panebatch.h"
 #include "images/paneimage.h"
+#include "images/picture.h"
 #include "support/check.h"
 #include "support/scriptedprompts.h"
 #include "support/testpictures.h"
 
+#include <QPainter>
 #include <QTemporaryDir>
 #include <QtEndian>
 #include <QtTest>
@@ -75,14 +77,16 @@ private slots:
         QTest::newRow("gif") << "Anim7.gif";
         QTest::newRow("jpeg") << "Vanto05.jpg";
         QTest::newRow("jpeg named .bmp") << "Renamed.bmp";
+        QTest::newRow("png") << "Frame0042.png";
     }
     void storesEachFormatAsCellSizedBmp() {
         QFETCH(QString, file);
         const QImage picture = QuadrantPicture(64, 48);
         const QString path = source(file);
-        QVERIFY(file.endsWith(".gif") ? WriteGif(picture, path)
-                : file == "Photo.bmp" ? WriteBmp(picture, path)
-                                      : WriteJpeg(picture, path));
+        QVERIFY(file.endsWith(".gif")   ? WriteGif(picture, path)
+                : file.endsWith(".png") ? WritePng(picture, path)
+                : file == "Photo.bmp"   ? WriteBmp(picture, path)
+                                        : WriteJpeg(picture, path));
         Pane& pane = project_.Panes(5);
         pane.SourceFile = path;
         pane.SourceStem = file.left(file.size() - 4);
@@ -94,6 +98,22 @@ private slots:
         QCOMPARE(Joined(bmp.left(2), int(bmp[28]), bmp.size()), Joined("BM", 24, 54 + 40 * 120));
         const QImage stored(pane.ImageFile);
         QCOMPARE(Joined(stored.size(), QuadrantsOf(stored)), "40x40|TL TR BL BR");
+    }
+
+    void pngTransparencyLiesOnWhite() {
+        // Opaque blue on the left, transparent on the right, a half-transparent red band at the bottom.
+        QImage picture(40, 40, QImage::Format_ARGB32);
+        picture.fill(Qt::transparent);
+        QPainter painter(&picture);
+        painter.fillRect(0, 0, 20, 30, Qt::blue);
+        painter.fillRect(0, 30, 40, 10, QColor(255, 0, 0, 128));
+        painter.end();
+        QVERIFY(WritePng(picture, source("Render1.png")));
+        const QImage loaded = LoadPicture(source("Render1.png"));
+        QCOMPARE(loaded.pixelColor(5, 5), QColor(Qt::blue));
+        QCOMPARE(loaded.pixelColor(35, 5), QColor(Qt::white));
+        QVERIFY2(Near(loaded.pixelColor(35, 35), QColor(255, 127, 127), 2),
+                 qPrintable(loaded.pixelColor(35, 35).name()));
     }
 
     void flipsOnPixelsAndRebuild() {

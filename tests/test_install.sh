@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Installs the build into a temporary prefix and checks what a desktop needs of it: both programs,
-# the desktop entry and metainfo (valid, and pointing at what is installed), the icons, and man
+# the desktop entry and metainfo (valid, and pointing at what is installed), the icons, the MIME
+# type of project files (found by xdg-mime on the installed tree), and man
 # pages that tell every command and option that "kv1 --help" tells.
 #   test_install.sh BUILD_DIR
 set -euo pipefail
@@ -37,6 +38,26 @@ if command -v desktop-file-validate >/dev/null; then
 fi
 if command -v appstreamcli >/dev/null; then
     appstreamcli validate --no-net "$metainfo" >/dev/null || fail "appstreamcli validate"
+fi
+
+# Project files: the MIME type is known by its name alone, has its icon, and the launcher opens it.
+mime="$prefix/share/mime/packages/kelvrin.xml"
+type=application/x-kelvrin-project
+[ -s "$mime" ] || fail "share/mime/packages/kelvrin.xml is missing"
+for icon in 48x48/mimetypes/application-x-kelvrin-project.png scalable/mimetypes/application-x-kelvrin-project.svg; do
+    [ -s "$prefix/share/icons/hicolor/$icon" ] || fail "the icon $icon is missing"
+done
+grep -q "^MimeType=$type;$" "$desktop" || fail "the desktop entry does not take $type"
+grep -q '^Exec=kelvrin %f$' "$desktop" || fail "the desktop entry does not pass the file"
+if command -v update-mime-database >/dev/null && command -v xdg-mime >/dev/null && command -v gio >/dev/null; then
+    update-mime-database "$prefix/share/mime"
+    printf '4\r\n1\r\n2\r\nToUse\r\n65280\r\n65280\r\nToUse\r\n' >"$prefix/trip.kv1"
+    # xdg-mime asks the desktop's own file type service, here GIO, which reads the installed tree.
+    found="$(XDG_CURRENT_DESKTOP=GNOME XDG_DATA_HOME="$prefix/home" XDG_DATA_DIRS="$prefix/share:/usr/share" \
+        xdg-mime query filetype "$prefix/trip.kv1")"
+    [ "$found" = "$type" ] || fail "xdg-mime query filetype trip.kv1 says '$found'"
+else
+    fail "update-mime-database, xdg-mime or gio is missing"
 fi
 
 # The installed kv1 runs, and its man page keeps up with its help.

@@ -59,8 +59,9 @@ private slots:
         m.prompts.answers.enqueue(first);
         m.w->mnu_MassImage_Click();
 
-        QCOMPARE(Joined(m.prompts.requests[0].title, m.prompts.requests[0].filter),
-                 Joined("Mass Image Import ...", "Formats (*.Bmp *.Gif *.Jpg)|*.Bmp;*.Gif;*.Jpg"));
+        QCOMPARE(m.prompts.requests[0].title, "Mass Image Import ...");
+        QCOMPARE(DialogFilters(m.prompts.requests[0].filter),
+                 QStringList({"Formats (*.Bmp *.Gif *.Jpg)", "All pictures (*.Bmp *.Gif *.Jpg *.Png)"}));
         const Pane& second = m.project.Panes(2);
         QCOMPARE(Joined(second.SourceStem, second.SourceFile, second.ImageFile),
                  Joined("Vanto", m.path("Vanto06.JPG"), m.project.WorkFolder + "/Vanto-0002.BMP"));
@@ -71,6 +72,30 @@ private slots:
         QCOMPARE(m.prompts.messages.size(), 1);
         QCOMPARE(Joined(m.prompts.messages[0].title, m.prompts.messages[0].text),
                  Joined("Kelvrin : Import", "I found 2" + kTruncation));
+    }
+
+    void pngSequences() {
+        // Zero-padded from pane 1, plain numbers past a new digit from pane 5.
+        StartedMain m;
+        const QStringList names = {"Shot01.png", "Shot02.png", "Shot03.png",
+                                   "Take9.png",  "Take10.png", "Take11.png"};
+        for (int i = 0; i < names.size(); ++i)
+            QVERIFY(
+                WritePng(SolidPicture(30, 20, QColor::fromHsv(i * 60, 255, 255).toRgb()), m.path(names[i])));
+        for (const int first : {1, 5}) {
+            m.w->SelectedPane = first;
+            m.prompts.answers.enqueue(m.path(names[first == 1 ? 0 : 3]));
+            m.w->mnu_MassImage_Click();
+            QCOMPARE(lastMessage(m), "I found 3" + kTruncation);
+        }
+        const int panes[] = {1, 2, 3, 5, 6, 7};
+        for (int i = 0; i < names.size(); ++i) {
+            const Pane& pane = m.project.Panes(panes[i]);
+            QCOMPARE(pane.SourceFile, m.path(names[i]));
+            QCOMPARE(pane.SourceStem, names[i].left(4));
+            QCOMPARE(QImage(pane.ImageFile).pixelColor(2, 2), QColor::fromHsv(i * 60, 255, 255).toRgb());
+        }
+        QCOMPARE(m.project.Panes(4).SourceFile, QString(kNone));
     }
 
     void countMessageAndRefusedNames() {

@@ -79,13 +79,13 @@ private slots:
         for (QAction* a : m.w->menuBar()->actions())
             menus << a->text().remove('&') + ": " + captionsOf(a->menu()->actions());
         menus << "(pane list) " + captionsOf(m.w->mnu_EditList->actions());
-        QCOMPARE(
-            menus,
-            QStringList({"File: Open Project, Save Project As, Change Project, -, Export As Html, -, Exit",
-                         "Board: Change Project, Properties, -, Image Shuffle",
-                         "Pane: Picture ..., Mass Image Import ..., -, Flip Horizontally, Flip "
-                         "Vertically, Make as Blank, -, CloseUp, Properties",
-                         "Help: Help, About", "(pane list) Swap Item, -, Remove Item, -, Clear All"}));
+        QCOMPARE(menus,
+                 QStringList({"File: Open Project, Save Project As, Change Project, -, Export As Html, -, "
+                              "Open Recent, -, Exit",
+                              "Board: Change Project, Properties, -, Image Shuffle",
+                              "Pane: Picture ..., Mass Image Import ..., -, Flip Horizontally, Flip "
+                              "Vertically, Make as Blank, -, CloseUp, Properties",
+                              "Help: Help, About", "(pane list) Swap Item, -, Remove Item, -, Clear All"}));
         // Nothing is selected on the stage yet: the picture commands wait for a pane with a picture.
         QVERIFY(!m.w->mnu_FlipHorizontally->isEnabled() && !m.w->mnu_Closeup->isEnabled());
     }

@@ -25,6 +25,8 @@ struct StartedMain {
         if (load) start();
     }
     void start() {
+        // Settings such as the recent projects go to the test's own folder, never the user's.
+        qputenv("XDG_CONFIG_HOME", path(QStringLiteral("config")).toLocal8Bit());
         w = std::make_unique<frmMain>(project, prompts);
         w->WorkArea = [] { return QRect(0, 0, 1024, 740); };
         w->ShowPopup = [this](QMenu& menu, const QPoint& at) { popups.append({&menu, at}); };

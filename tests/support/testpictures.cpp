@@ -28,6 +28,10 @@ bool WriteJpeg(const QImage& image, const QString& path, int quality) {
     return image.save(path, "JPEG", quality);
 }
 
+bool WritePng(const QImage& image, const QString& path) {
+    return image.save(path, "PNG");
+}
+
 bool Near(const QColor& a, const QColor& b, int tolerance) {
     return qAbs(a.red() - b.red()) <= tolerance && qAbs(a.green() - b.green()) <= tolerance &&
            qAbs(a.blue() - b.blue()) <= tolerance;

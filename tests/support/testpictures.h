@@ -20,6 +20,8 @@ bool WriteGif(const QImage& image, const QString& path);
 // Writes BMP (24-bit) or JPEG (quality 95) through Qt.
 bool WriteBmp(const QImage& image, const QString& path);
 bool WriteJpeg(const QImage& image, const QString& path, int quality = 95);
+// Writes PNG through Qt, with the image's alpha channel when it has one.
+bool WritePng(const QImage& image, const QString& path);
 
 // Whether two colours are within tolerance on every channel (JPEG and smoothing blur edges).
 bool Near(const QColor& a, const QColor& b, int tolerance = 40);
