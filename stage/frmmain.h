@@ -180,7 +180,8 @@ public:
 
     // Files dropped from other programs (frmmain_drop.cpp): pictures onto a pane of the stage, a
     // project file anywhere on the window.
-    // Loads pictures into firstPane and the panes after it with one redraw.
+    // Loads pictures into firstPane and the panes after it with one redraw; one that cannot be read
+    // stops the drop there and is reported, and the program goes on.
     void DropPictures(const QStringList& files, qint16 firstPane);
     // The pane under a point of the stage, or 0 outside every pane of the current board.
     int PaneAtStagePoint(QPoint at);

@@ -4,6 +4,7 @@
 
 #include "flows/picturefiles.h"
 #include "model/numbers.h"
+#include "model/runtimeerror.h"
 
 #include <QDragEnterEvent>
 #include <QDragLeaveEvent>
@@ -26,14 +27,23 @@ int frmMain::PaneAtStagePoint(QPoint at) {
 void frmMain::DropPictures(const QStringList& files, qint16 firstPane) {
     CellSize = CInt(StageSize / project.GridSide);
     picStage->setCursor(Qt::WaitCursor);
+    QString failure;
     {
         ProgressWindow progress(this, project, QStringLiteral("Importing pictures ..."));
-        // Not trapped, as for a single picture: one that cannot be read ends the program with its
-        // run-time error.
-        LoadPictureFiles(project, files, firstPane, CellSize, progress.Callback());
+        // Trapped as in the mass import: the panes before a picture that cannot be read keep what
+        // they got, its own pane and those after stay as they were, and the work is not lost to a
+        // file the user happened to drag along.
+        try {
+            LoadPictureFiles(project, files, firstPane, CellSize, progress.Callback());
+        } catch (const RunTimeError& error) {
+            failure = error.text();
+        }
     }
     picStage->setCursor(Qt::ArrowCursor);
     DrawCurrentBoard();
+    if (!failure.isEmpty())
+        prompts.Message(QStringLiteral("A dropped picture could not be loaded:\n\n") + failure,
+                        MsgIcon::Exclamation, QStringLiteral("Kelvrin : Import"));
 }
 
 bool frmMain::acceptsDrag(const QMimeData* data, QPoint windowPoint) {

@@ -102,6 +102,17 @@ private slots:
         QCOMPARE(m.project.Panes(999).SourceFile, files[0]);
         QCOMPARE(m.project.Panes(1000).SourceFile, files[1]);
         QCOMPARE(LoadPictureFiles(m.project, files, 1000, m.w->CellSize), 1);
+
+        // A file that is no picture stops the drop where it stands, and says so; the program goes on.
+        const QString broken = m.path("a2.bmp");
+        QVERIFY(WriteAll(broken, "BM not a picture"));
+        QVERIFY(drag(*m.w, m.w->picStage, {files[0], broken, files[2]}, m.centre(1), true)); // pane 976
+        QCOMPARE(m.project.Panes(976).SourceFile, files[0]);
+        QCOMPARE(m.project.Panes(977).SourceFile, QString(kNone));
+        QCOMPARE(m.project.Panes(978).SourceFile, QString(kNone));
+        QCOMPARE(m.prompts.messages.size(), 1);
+        QCOMPARE(m.prompts.messages[0].title, QString("Kelvrin : Import"));
+        QVERIFY2(m.prompts.messages[0].text.contains("a2.bmp"), qPrintable(m.prompts.messages[0].text));
     }
 
     void othersAreRefused() {
