@@ -3,10 +3,11 @@
 //
 //   kelvrin_bench corpus DIR [--frames N]       make the corpus
 //   kelvrin_bench import DIR [--cell N]         the mass import of DIR/Frame001.jpg onwards
-//   kelvrin_bench decode-floor DIR [--cell N] [--count N]
-//                                               libjpeg-turbo decode only, one thread
+//   kelvrin_bench decode-floor DIR [--cell N] [--count N] [--parallel]
+//                                               libjpeg-turbo decode only, one thread (or every core)
 //   kelvrin_bench relayout DIR [--cell N]       1000 panes re-scaled to a new cell
-//   kelvrin_bench encode-floor DIR [--cell N]   TurboJPEG compression of 1000 cell-size buffers
+//   kelvrin_bench encode-floor DIR [--cell N] [--parallel]
+//                                               TurboJPEG compression of 1000 cell-size buffers
 //   kelvrin_bench make-project DIR OUT [--cell N]
 //                                               a 5 x 5 project of 40 boards, every pane with a
 //                                               picture: OUT/work (working pictures), OUT/trip.kv1
@@ -20,10 +21,14 @@
 //                                               are DIR's frames, a board a page, to a new folder
 //   kelvrin_bench animatic DIR OUT [--frames N] an MP4 of N panes (default 300) of DIR's frames
 //                                               at 1280 x 720, 1 s a pane, 24 frames a second
+//   kelvrin_bench draw-board DIR [--grid N]     the main window redrawing a full board of working
+//                                               pictures, the median of many draws
+//   kelvrin_bench startup DIR                   process start to the first board on the screen
 //
 // Each measuring command prints "seconds <s>" and "peak-rss <KiB>".
 #include "animatic/animatic.h"
 #include "corpus.h"
+#include "dialogs/qtprompts.h"
 #include "export/htmlexport.h"
 #include "export/htmlwords.h"
 #include "export/sheetpainter.h"
@@ -40,24 +45,61 @@
 #include "model/projectfile.h"
 #include "model/prompts.h"
 #include "model/undohistory.h"
+#include "model/workfolder.h"
+#include "stage/application.h"
+#include "stage/frmmain.h"
 
 #include <QCoreApplication>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
-#include <QGuiApplication>
 #include <QTemporaryDir>
+#include <QThread>
+#include <QTimer>
+#include <algorithm>
 #include <cstdio>
+#include <ctime>
 #include <functional>
 #include <map>
+#include <spawn.h>
 #include <sys/resource.h>
+#include <sys/wait.h>
+#include <thread>
 #include <turbojpeg.h>
+#include <unistd.h>
+
+extern char** environ;
 
 namespace {
 struct Args {
     QString command, dir, out;
-    int frames = 300, cell = 231, count = 0;
+    int frames = 300, cell = 231, count = 0, grid = 5;
+    bool parallel = false;
 };
+
+// Runs work(i) for i = 0 to n - 1: one after the other, or spread over every core, each thread
+// with its own state made by makeState, the same work a floor measures.
+template <typename State, typename MakeState, typename Work>
+void spread(bool parallel, int n, const MakeState& makeState, const Work& work) {
+    const int threads = parallel ? qMax(1, QThread::idealThreadCount()) : 1;
+    std::vector<std::thread> pool;
+    const auto run = [&](int t) {
+        State state = makeState();
+        for (int i = t; i < n; i += threads)
+            work(state, i);
+    };
+    for (int t = 1; t < threads; ++t)
+        pool.emplace_back(run, t);
+    run(0);
+    for (std::thread& thread : pool)
+        thread.join();
+}
+
+qint64 monotonicNs() {
+    timespec now{};
+    clock_gettime(CLOCK_MONOTONIC, &now);
+    return qint64(now.tv_sec) * 1000000000 + now.tv_nsec;
+}
 
 QStringList frameFiles(const QString& dir) {
     QStringList files;
@@ -114,21 +156,26 @@ int decodeFloor(const Args& a) {
         data << file.readAll();
     }
     const int n = a.count > 0 ? a.count : static_cast<int>(data.size());
+    struct Decoder {
+        tjhandle h = tjInitDecompress();
+        std::vector<unsigned char> buffer;
+        ~Decoder() { tjDestroy(h); }
+    };
     QElapsedTimer t;
     t.start();
-    tjhandle h = tjInitDecompress();
-    std::vector<unsigned char> buffer;
-    for (int i = 0; i < n; ++i) {
-        const QByteArray& d = data[i % data.size()];
-        const auto* bytes = reinterpret_cast<const unsigned char*>(d.constData());
-        int w = 0, hgt = 0, ss = 0, cs = 0;
-        tjDecompressHeader3(h, bytes, static_cast<unsigned long>(d.size()), &w, &hgt, &ss, &cs);
-        const JpegScale s = ChooseJpegScale(QSize(w, hgt), QSize(a.cell, a.cell));
-        buffer.resize(static_cast<size_t>(s.size.width()) * s.size.height() * 4);
-        tjDecompress2(h, bytes, static_cast<unsigned long>(d.size()), buffer.data(), s.size.width(), 0,
-                      s.size.height(), TJPF_BGRX, 0);
-    }
-    tjDestroy(h);
+    spread<Decoder>(
+        a.parallel, n, [] { return Decoder(); },
+        [&](Decoder& d, int i) {
+            const QByteArray& bytesIn = data[i % data.size()];
+            const auto* bytes = reinterpret_cast<const unsigned char*>(bytesIn.constData());
+            const auto size = static_cast<unsigned long>(bytesIn.size());
+            int w = 0, hgt = 0, ss = 0, cs = 0;
+            tjDecompressHeader3(d.h, bytes, size, &w, &hgt, &ss, &cs);
+            const JpegScale s = ChooseJpegScale(QSize(w, hgt), QSize(a.cell, a.cell));
+            d.buffer.resize(static_cast<size_t>(s.size.width()) * s.size.height() * 4);
+            tjDecompress2(d.h, bytes, size, d.buffer.data(), s.size.width(), 0, s.size.height(), TJPF_BGRX,
+                          0);
+        });
     report(t.nsecsElapsed() / 1e9);
     return 0;
 }
@@ -153,18 +200,22 @@ int encodeFloor(const Args& a) {
     for (int i = 0; i < qMin<int>(files.size(), 50); ++i)
         pictures.push_back(
             RenderPaneSquare(QImage(files[i]), a.cell, 0, 0).convertToFormat(QImage::Format_BGR888));
+    struct Encoder {
+        tjhandle h = tjInitCompress();
+        ~Encoder() { tjDestroy(h); }
+    };
     QElapsedTimer t;
     t.start();
-    tjhandle h = tjInitCompress();
-    for (int i = 0; i < kMaxPane; ++i) {
-        const QImage& img = pictures[static_cast<size_t>(i) % pictures.size()];
-        unsigned char* out = nullptr;
-        unsigned long size = 0;
-        tjCompress2(h, img.constBits(), img.width(), static_cast<int>(img.bytesPerLine()), img.height(),
-                    TJPF_BGR, &out, &size, TJSAMP_420, 75, TJFLAG_BOTTOMUP);
-        tjFree(out);
-    }
-    tjDestroy(h);
+    spread<Encoder>(
+        a.parallel, kMaxPane, [] { return Encoder(); },
+        [&](Encoder& e, int i) {
+            const QImage& img = pictures[static_cast<size_t>(i) % pictures.size()];
+            unsigned char* out = nullptr;
+            unsigned long size = 0;
+            tjCompress2(e.h, img.constBits(), img.width(), static_cast<int>(img.bytesPerLine()), img.height(),
+                        TJPF_BGR, &out, &size, TJSAMP_420, 75, TJFLAG_BOTTOMUP);
+            tjFree(out);
+        });
     report(t.nsecsElapsed() / 1e9);
     return 0;
 }
@@ -312,12 +363,121 @@ int animatic(const Args& a) {
     if (!result.done) std::fprintf(stderr, "%s\n", qPrintable(result.error));
     return result.done ? 0 : 1;
 }
+
+// The main window as a desktop of 1920 x 1080 shows it, the board's panes given working pictures
+// of its cell size; then the board is drawn again and again as a click or a pane command draws
+// it. The figure is the median draw.
+int drawBoard(const Args& a) {
+    QTemporaryDir dir;
+    Project project;
+    project.ProgramFolder = dir.path();
+    project.WorkFolder = dir.filePath(QStringLiteral("MyProjects"));
+    Quiet prompts;
+    frmMain window(project, prompts);
+    window.WorkArea = [] { return QRect(0, 0, 1920, 1050); };
+    window.Form_Load();
+    window.setGeometry(window.WorkArea());
+    window.show();
+    project.GridSide = static_cast<qint16>(a.grid);
+    const QStringList files = frameFiles(a.dir);
+    const int cells = a.grid * a.grid;
+    assignFrames(project, files, cells);
+    window.DrawCurrentBoard();
+    StorePaneImages(project, 1, cells, window.CellSize, true);
+    // Pictures written a moment ago cannot yet be told apart from a rewrite by their file times;
+    // a board is drawn long after its pictures were written.
+    QThread::msleep(2100);
+    window.DrawCurrentBoard();
+    std::vector<qint64> draws;
+    for (int i = 0; i < 41; ++i) {
+        QElapsedTimer t;
+        t.start();
+        window.DrawCurrentBoard();
+        draws.push_back(t.nsecsElapsed());
+        QCoreApplication::processEvents();
+    }
+    std::nth_element(draws.begin(), draws.begin() + draws.size() / 2, draws.end());
+    report(draws[draws.size() / 2] / 1e9);
+    std::printf("cell %d\n", CInt(window.CellSize));
+    window.close();
+    return 0;
+}
+
+// The child of startup: the program's start-up, as its main() runs it, that prints the moment the
+// stage has been painted on the screen for the first time.
+int firstBoard(const Args&) {
+    KelvrinApplication::setApplicationName(QStringLiteral("kelvrin"));
+    QtPrompts prompts;
+    Project project;
+    project.ProgramFolder = KelvrinApplication::applicationDirPath();
+    const WorkFolderClaim workFolder(project.ProgramFolder);
+    project.WorkFolder = workFolder.path();
+    frmMain window(project, prompts);
+    // The offscreen screen is smaller than any desktop the window is laid out for.
+    window.WorkArea = [] { return QRect(0, 0, 1920, 1050); };
+    prompts.setParent(&window);
+    KelvrinApplication::setWindowIcon(window.windowIcon());
+    struct FirstPaint : QObject {
+        bool eventFilter(QObject*, QEvent* event) override {
+            if (event->type() == QEvent::Paint && !seen) {
+                seen = true;
+                // Queued, so that it runs once the paint is done and on the screen.
+                QTimer::singleShot(0, [] {
+                    std::printf("painted %lld\n", static_cast<long long>(monotonicNs()));
+                    std::fflush(stdout);
+                    QCoreApplication::quit();
+                });
+            }
+            return false;
+        }
+        bool seen = false;
+    } firstPaint;
+    window.picStage->installEventFilter(&firstPaint);
+    window.Form_Load();
+    window.setGeometry(window.WorkArea());
+    window.showMaximized();
+    KelvrinApplication::exec();
+    DeleteWorkFolder(project.WorkFolder);
+    return 0;
+}
+
+// Starts this tool as first-board and times it from the start of the process to its first board.
+int startup(const Args&) {
+    int out[2];
+    if (pipe(out) != 0) return 1;
+    posix_spawn_file_actions_t actions;
+    posix_spawn_file_actions_init(&actions);
+    posix_spawn_file_actions_adddup2(&actions, out[1], STDOUT_FILENO);
+    posix_spawn_file_actions_addclose(&actions, out[0]);
+    const QByteArray self = QFile::encodeName(QCoreApplication::applicationFilePath());
+    char first[] = "first-board";
+    char dot[] = ".";
+    char* argv[] = {const_cast<char*>(self.constData()), first, dot, nullptr};
+    pid_t child = 0;
+    const qint64 start = monotonicNs();
+    const int failed = posix_spawn(&child, self.constData(), &actions, nullptr, argv, environ);
+    posix_spawn_file_actions_destroy(&actions);
+    close(out[1]);
+    if (failed) return 1;
+    QByteArray said;
+    char buffer[256];
+    for (ssize_t n; (n = read(out[0], buffer, sizeof buffer)) > 0;)
+        said.append(buffer, n);
+    close(out[0]);
+    int status = 0;
+    waitpid(child, &status, 0);
+    const qsizetype at = said.indexOf("painted ");
+    if (at < 0) return 1;
+    const qint64 painted = said.mid(at + 8).trimmed().toLongLong();
+    report((painted - start) / 1e9);
+    return 0;
+}
 } // namespace
 
 int main(int argc, char** argv) {
     // No display is needed: the offscreen platform serves the pictures and fonts.
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-    QGuiApplication app(argc, argv);
+    KelvrinApplication app(argc, argv);
     const QStringList argsIn = app.arguments().mid(1);
     Args a;
     for (int i = 0; i < argsIn.size(); ++i) {
@@ -329,6 +489,10 @@ int main(int argc, char** argv) {
             a.cell = next();
         else if (s == QLatin1String("--count"))
             a.count = next();
+        else if (s == QLatin1String("--grid"))
+            a.grid = next();
+        else if (s == QLatin1String("--parallel"))
+            a.parallel = true;
         else if (a.command.isEmpty())
             a.command = s;
         else if (a.dir.isEmpty())
@@ -351,8 +515,11 @@ int main(int argc, char** argv) {
         {QStringLiteral("open"), open},
         {QStringLiteral("export"), exportProject},
         {QStringLiteral("undo"), undo},
-        {QStringLiteral("pdf"), pdf}};
-        {QStringLiteral("animatic"), animatic}};
+        {QStringLiteral("pdf"), pdf},
+        {QStringLiteral("animatic"), animatic},
+        {QStringLiteral("draw-board"), drawBoard},
+        {QStringLiteral("startup"), startup},
+        {QStringLiteral("first-board"), firstBoard}};
     const auto it = commands.find(a.command);
     if (it == commands.end() || a.dir.isEmpty()) {
         std::fprintf(stderr, "usage: kelvrin_bench COMMAND DIR [OUT] [options] (see bench/bench.cpp)\n");

@@ -1,5 +1,6 @@
 #include "flows/projectsave.h"
 
+#include "model/filecopy.h"
 #include "model/projectfile.h"
 #include "model/runtimeerror.h"
 
@@ -7,10 +8,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
-#include <QTemporaryFile>
 #include <QtConcurrent/QtConcurrentMap>
-#include <filesystem>
-#include <system_error>
 
 namespace {
 bool folderOfExists(const QString& path) {
@@ -23,24 +21,13 @@ void createFolder(const QString& path) {
     throw RunTimeError::PathFileAccess(path);
 }
 
-// Replaces a picture of the picture folder with a copy of a working picture. The copy is made
-// beside it under a temporary name and renamed over it once complete, so that a save cut short
-// (a full disk) leaves the picture the folder held. A file that cannot be written keeps what it
-// holds; a copy that fails is left out without a word.
+// Replaces a picture of the picture folder with a copy of a working picture, so that a save cut
+// short (a full disk) leaves the picture the folder held. A file that cannot be written keeps what
+// it holds; a copy that fails is left out without a word.
 void copyReplacing(const QString& from, const QString& to) {
     const QFileInfo target(to);
     if (target.exists() && (!target.isFile() || !target.isWritable())) return;
-    QTemporaryFile part(target.absolutePath() + QStringLiteral("/.") + target.fileName() +
-                        QStringLiteral(".XXXXXX"));
-    if (!part.open()) return;
-    part.close();
-    const std::filesystem::path partPath = QFile::encodeName(part.fileName()).toStdString();
-    std::error_code failed;
-    std::filesystem::copy_file(QFile::encodeName(from).toStdString(), partPath,
-                               std::filesystem::copy_options::overwrite_existing, failed);
-    if (failed) return;
-    std::filesystem::rename(partPath, QFile::encodeName(to).toStdString(), failed);
-    if (!failed) part.setAutoRemove(false);
+    CopyFileReplacing(from, to);
 }
 } // namespace
 

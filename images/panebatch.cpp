@@ -17,40 +17,49 @@ RenderedPane RenderCatching(const std::function<QByteArray()>& render) {
 
 void StorePaneImages(Project& project, int first, int last, float paneSize, bool makeNewName,
                      const std::function<void(int, int)>& progress) {
+    // Only panes with a source go to the workers; the others are passed over in order here, so a
+    // project of few pictures (or none, at start-up) costs no thread hand-offs.
     struct Job {
+        int pane;
         QString source;
         int flipH, flipV;
     };
     const int side = CInt(paneSize);
+    const int count = qMax(0, last - first + 1);
     std::vector<Job> jobs;
     for (int n = first; n <= last; ++n) {
         const Pane& pane = project.Panes(n);
-        jobs.push_back({pane.SourceFile, pane.FlipHorizontal, pane.FlipVertical});
+        if (pane.SourceFile != kNone)
+            jobs.push_back({n, pane.SourceFile, pane.FlipHorizontal, pane.FlipVertical});
     }
-    const int count = static_cast<int>(jobs.size());
+    int done = 0; // panes before this one are finished
+    const auto passOverTo = [&](int pane) {
+        for (; first + done < pane; ++done)
+            if (progress) progress(done + 1, count);
+    };
     std::optional<RunTimeError> failure;
     RenderInOrder<RenderedPane>(
-        count,
+        static_cast<int>(jobs.size()),
         [&jobs, side](int i) {
             const Job& job = jobs[static_cast<size_t>(i)];
-            if (job.source == kNone) return RenderedPane{true, {}, {}};
             return RenderCatching([&] { return RenderPaneBmp(job.source, side, job.flipH, job.flipV); });
         },
         [&](int i, RenderedPane& result) {
+            const int pane = jobs[static_cast<size_t>(i)].pane;
+            passOverTo(pane);
             if (result.error) {
                 failure = result.error;
                 return false;
             }
-            if (!result.skip) {
-                try {
-                    CommitPaneImage(project, static_cast<qint16>(first + i), result.bmp, makeNewName);
-                } catch (const RunTimeError& error) {
-                    failure = error;
-                    return false;
-                }
+            try {
+                CommitPaneImage(project, static_cast<qint16>(pane), result.bmp, makeNewName);
+            } catch (const RunTimeError& error) {
+                failure = error;
+                return false;
             }
-            if (progress) progress(i + 1, count);
+            passOverTo(pane + 1);
             return true;
         });
     if (failure) throw *failure;
+    passOverTo(last + 1);
 }

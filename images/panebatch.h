@@ -17,7 +17,6 @@
 // building the pictures one by one gives.
 
 struct RenderedPane {
-    bool skip = false;                 // nothing to build for this job
     QByteArray bmp;                    // the working picture's file bytes
     std::optional<RunTimeError> error; // why it could not be built
 };

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "export/contactsheet.h"
+#include "images/workingpicturecache.h"
 #include "model/project.h"
 #include "model/prompts.h"
 #include "model/undohistory.h"
@@ -66,6 +67,8 @@ public:
     QPushButton* cmdButton;
     QLineEdit* Text2; // a hidden text buffer
     QImage picLoader; // off-screen canvases used while a board is drawn
+    // The working pictures of the board on the stage, read again only when their files change.
+    WorkingPictureCache BoardPictures;
     QImage tmpPic;
 
     // Menus; the Pane menu is also the stage's pop-up, Edit List the pane list's.

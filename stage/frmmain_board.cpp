@@ -47,11 +47,12 @@ void frmMain::DrawBoard(float cellSize, qint16 gridSide, qint16 cell, bool allCe
     font.setBold(true);
     painter.setFont(font);
     const int ascent = painter.fontMetrics().ascent();
+    if (allCells) BoardPictures.BeginBoard();
     for (int k = first; k <= last; ++k) {
         const int p = base + k;
         Pane& pane = project.Panes(p);
         if (pane.ImageFile != kNone) {
-            picLoader = QImage(pane.ImageFile);
+            picLoader = BoardPictures.Load(pane.ImageFile);
             if (picLoader.isNull()) {
                 picLoader = BlankPicture();
                 pane.ImageFile = kNone;
@@ -79,6 +80,7 @@ void frmMain::DrawBoard(float cellSize, qint16 gridSide, qint16 cell, bool allCe
         }
     }
     painter.end();
+    if (allCells) BoardPictures.DropUnused();
     SnapshotStage();
     picStage->unsetCursor();
 }

@@ -19,9 +19,17 @@ ProgressWindow::~ProgressWindow() {
 std::function<void(int, int)> ProgressWindow::Callback() {
     return [this](int done, int total) {
         if (dialog_.maximum() != total) dialog_.setMaximum(total);
-        dialog_.setLabelText(dialog_.labelText().section(QLatin1Char('\n'), 0, 0) +
-                             QStringLiteral("\n%1 of %2").arg(done).arg(total));
+        // The count is written only where it can be seen: laying out the label a thousand times
+        // for a window that stays hidden cost most of a start-up. setValue shows the window
+        // without painting it, so a count written right after is the one it first shows.
+        const auto count = [&] {
+            dialog_.setLabelText(dialog_.labelText().section(QLatin1Char('\n'), 0, 0) +
+                                 QStringLiteral("\n%1 of %2").arg(done).arg(total));
+        };
+        const bool visible = dialog_.isVisible();
+        if (visible) count();
         dialog_.setValue(done);
+        if (!visible && dialog_.isVisible()) count();
     };
 }
 

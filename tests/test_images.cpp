@@ -199,6 +199,13 @@ private slots:
             if (built)
                 QVERIFY(Near(QImage(project_.Panes(n).ImageFile).pixelColor(8, 8), QColor(n * 6, 0, 0), 8));
         }
+        // Once the missing file is there every pane is counted, the last one (no source) too.
+        QVERIFY(WriteJpeg(SolidPicture(64, 48, Qt::red), project_.Panes(27).SourceFile));
+        progressCalls = 0;
+        StorePaneImages(project_, 1, 40, 16.0f, true, [&](int done, int total) {
+            QCOMPARE(Joined(done, total), Joined(++progressCalls, 40));
+        });
+        QCOMPARE(progressCalls, 40);
     }
 
     void dibLoadsEveryDepthAndRefusesOthers() {

@@ -273,10 +273,16 @@ private slots:
         QVERIFY(QFileInfo::exists(at("s_Data/c-0007.bmp")) && ReadAll(at("s.kv1")).count("\r\n") == 7 + 24);
 
         setPicture(1, "a", Qt::yellow);
+        const auto modes =
+            QFile::ReadOwner | QFile::WriteOwner | QFile::ReadUser | QFile::WriteUser | QFile::ReadGroup;
+        QVERIFY(QFile::setPermissions(p.Panes(1).ImageFile, modes));
         p.Panes(2).ImageFile = p.Panes(2).SourceStem = kNone;
         SaveProjectFile(p, "s", at("s.kv1"), folder(), 4, 1, 2);
         QVERIFY(ReadAll(at("s.kv1")).contains("\r\n" + record("a-0001") + record("none")));
-        QCOMPARE(QImage(at("s_Data/a-0001.bmp")).pixelColor(1, 1), QColor(Qt::yellow));
+        // The copy replaced the old one whole, with the working picture's bytes and permissions.
+        QCOMPARE(ReadAll(at("s_Data/a-0001.bmp")), ReadAll(p.Panes(1).ImageFile));
+        QCOMPARE(QFileInfo(at("s_Data/a-0001.bmp")).permissions(), modes);
+        QCOMPARE(QDir(at("s_Data")).entryList(QDir::Files | QDir::Hidden).size(), 3);
         QVERIFY(QFileInfo::exists(at("s_Data/b-0002.bmp"))); // the folder is never emptied
     }
 

@@ -1,5 +1,6 @@
 // The stage as a user meets it: layout from the work area, painted boards, hover and drag,
 // navigation between boards, the pane list, the keyboard and what assistive technologies read.
+#include "images/bmpfile.h"
 #include "model/numbers.h"
 #include "stage/stagelayout.h"
 #include "support/mainwindow.h"
@@ -140,6 +141,63 @@ private slots:
                         w_->mnu_MakeBlank->isEnabled(), m_->popups.size()),
                  "11|0|0|0|2");
         QCOMPARE(m_->popups[1], qMakePair(w_->mnu_Panes, w_->picStage->mapToGlobal(centre(2))));
+    }
+
+    void boardPicturesReadAgainOnlyWhenTheirFilesChange() {
+        shape(3, 2);
+        give(1, Qt::red, "Red");
+        give(2, Qt::blue, "Blue");
+        give(10, Qt::yellow, "Yellow");
+        const WorkingPictureCache& cache = w_->BoardPictures;
+        // Pictures written a moment ago are read at every draw: a rewrite within the same clock
+        // tick would not change their file times.
+        w_->DrawCurrentBoard();
+        const qint64 fresh = cache.Reads();
+        w_->DrawCurrentBoard();
+        QCOMPARE(cache.Reads() - fresh, 2);
+        QCOMPARE(cache.Held(), 0);
+
+        // Files taken as settled at once: redraws, hovers and clicks read nothing.
+        w_->BoardPictures = WorkingPictureCache(0);
+        w_->DrawCurrentBoard();
+        m_->move(centre(2));
+        QTest::mouseClick(w_->picStage, Qt::LeftButton, {}, centre(2));
+        w_->DrawCurrentBoard();
+        QCOMPARE(cache.Reads(), 2);
+        QCOMPARE(cache.Held(), 2);
+
+        // Rewritten in place from outside, same size and inode: the new modification time tells.
+        const QString one = project().Panes(1).ImageFile, two = project().Panes(2).ImageFile;
+        const QDateTime before = QFileInfo(two).lastModified();
+        const int side = QImage(one).width();
+        QVERIFY(WriteAll(one, EncodeBmp24(SolidPicture(side, side, Qt::green))));
+        QFile rewritten(one);
+        QVERIFY(rewritten.open(QIODevice::ReadWrite) &&
+                rewritten.setFileTime(before.addSecs(-60), QFileDevice::FileModificationTime));
+        rewritten.close();
+        // Put back by a rename, as an undo may, with the modification time of the file it replaces.
+        const QString kept = m_->path("kept.bmp");
+        QVERIFY(WriteAll(kept, EncodeBmp24(SolidPicture(side, side, Qt::cyan))));
+        QFile keptFile(kept);
+        QVERIFY(keptFile.open(QIODevice::ReadWrite) &&
+                keptFile.setFileTime(before, QFileDevice::FileModificationTime));
+        keptFile.close();
+        QVERIFY(QFile::remove(two) && QFile::rename(kept, two));
+        w_->DrawCurrentBoard();
+        QCOMPARE(stagePixel(centre(1)).name(), "#00ff00");
+        QCOMPARE(stagePixel(centre(2)).name(), "#00ffff");
+        QCOMPARE(cache.Reads(), 4);
+
+        // Deleted after it was held: blank, and the pane has no picture any more.
+        QVERIFY(QFile::remove(one));
+        w_->DrawCurrentBoard();
+        QCOMPARE(stagePixel(centre(1) + QPoint(-73, -73)).name(), "#c0c0c0");
+        QCOMPARE(project().Panes(1).ImageFile, kNone);
+
+        // Another board: only its pictures stay in memory.
+        w_->SetBoardIndex(1);
+        QCOMPARE(stagePixel(centre(1)).name(), "#ffff00");
+        QCOMPARE(cache.Held(), 1);
     }
 
     void hoverOutlineAndLabel() {
