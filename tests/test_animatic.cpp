@@ -4,20 +4,10 @@
 #include "dialogs/frmanimatic.h"
 #include "dialogs/frmslideshow.h"
 #include "support/mainwindow.h"
+#include "support/runprocess.h"
 
-#include <QProcess>
 
 namespace {
-struct Run {
-    int status;
-    QString out, err;
-};
-Run run(const QString& program, const QStringList& arguments) {
-    QProcess process;
-    process.start(program, arguments);
-    process.waitForFinished(-1);
-    return {process.exitCode(), process.readAllStandardOutput(), process.readAllStandardError()};
-}
 Run kv1(const QStringList& arguments) {
     return run(KV1_EXECUTABLE, arguments);
 }

@@ -4,22 +4,15 @@
 #include "flows/projectopen.h"
 #include "model/ansi.h"
 #include "support/check.h"
+#include "support/runprocess.h"
 #include "support/testpictures.h"
 
-#include <QProcess>
 #include <QTemporaryDir>
 #include <QtTest>
 
 namespace {
-struct Run {
-    int status;
-    QString out, err;
-};
 Run kv1(const QStringList& arguments) {
-    QProcess process;
-    process.start(KV1_EXECUTABLE, arguments);
-    process.waitForFinished(-1);
-    return {process.exitCode(), process.readAllStandardOutput(), process.readAllStandardError()};
+    return run(KV1_EXECUTABLE, arguments);
 }
 } // namespace
 

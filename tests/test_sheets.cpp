@@ -5,21 +5,11 @@
 #include "export/sheetpainter.h"
 #include "images/outputpicture.h"
 #include "support/mainwindow.h"
+#include "support/runprocess.h"
 
 #include <QPrintPreviewDialog>
-#include <QProcess>
 
 namespace {
-struct Run {
-    int status;
-    QString out, err;
-};
-Run run(const QString& program, const QStringList& arguments) {
-    QProcess process;
-    process.start(program, arguments);
-    process.waitForFinished(-1);
-    return {process.exitCode(), process.readAllStandardOutput(), process.readAllStandardError()};
-}
 // "Pages:", "Page size:" and the like, as pdfinfo tells them.
 QString pdfInfo(const QString& pdf, const QString& field) {
     for (const QString& line : run("pdfinfo", {pdf}).out.split('\n'))
