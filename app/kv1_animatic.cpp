@@ -28,16 +28,13 @@ AnimaticOptions optionsOf(const ToolArguments& arguments) {
 
 int runAnimatic(const ToolArguments& arguments) {
     const AnimaticOptions options = optionsOf(arguments);
-    const QString out = QFileInfo(arguments.positional[1]).absoluteFilePath();
-    if (AnimaticFormatOf(out) == AnimaticFormat::Unknown)
+    if (AnimaticFormatOf(arguments.positional[1]) == AnimaticFormat::Unknown)
         throw UsageError(QStringLiteral("the video's name must end in .mp4, .webm or .gif: ") +
                          arguments.positional[1]);
-    if (!QFileInfo(QFileInfo(out).absolutePath()).isDir())
-        throw ToolFailure(QStringLiteral("no such folder: ") + QFileInfo(out).absolutePath());
+    const QString out = OutputPath(arguments.positional[1]);
 
     ToolProject opened(arguments.positional[0]);
-    const QString why = opened.whyKelvrinCannotOpen();
-    if (!why.isEmpty()) throw ToolFailure(QStringLiteral("Kelvrin cannot open %1: %2").arg(opened.path, why));
+    opened.requireOpenable();
     const QList<int> missing = opened.missingPictures();
     if (!missing.isEmpty())
         Report(QStringLiteral("kv1: ") + opened.describeMissing(missing) + QLatin1Char('\n'));
@@ -59,9 +56,6 @@ int runAnimatic(const ToolArguments& arguments) {
 } // namespace
 
 ToolCommand AnimaticCommand() {
-    const auto flag = [](const char* name, const char* help) {
-        return ToolOption{QString::fromLatin1(name), QString(), QString::fromLatin1(help), QString()};
-    };
     return {QStringLiteral("animatic"),
             {QStringLiteral("PROJECT.kv1"), QStringLiteral("OUT")},
             QStringLiteral("Plays the panes in pane order into a video, each pane's picture letterboxed\n"
@@ -74,7 +68,7 @@ ToolCommand AnimaticCommand() {
               QStringLiteral("frame size, even sides of 64 to 4096"), QStringLiteral("1920x1080")},
              {QStringLiteral("--fps"), QStringLiteral("N"), QStringLiteral("frames a second, 1 to 60"),
               QStringLiteral("24")},
-             flag("--captions", "the panes' texts under their pictures"),
-             flag("--include-blanks", "panes without a picture as black frames")},
+             FlagOption("--captions", "the panes' texts under their pictures"),
+             FlagOption("--include-blanks", "panes without a picture as black frames")},
             runAnimatic};
 }

@@ -49,9 +49,6 @@ int runExport(const ToolArguments& arguments) {
 } // namespace
 
 ToolCommand ExportCommand() {
-    const auto flag = [](const char* name, const char* help) {
-        return ToolOption{QString::fromLatin1(name), QString(), QString::fromLatin1(help), QString()};
-    };
     return {QStringLiteral("export"),
             {QStringLiteral("PROJECT.kv1"), QStringLiteral("PAGE.htm")},
             QStringLiteral("Opens the project as Kelvrin's Open Project does and exports it as Kelvrin's\n"
@@ -61,13 +58,13 @@ ToolCommand ExportCommand() {
             {CellOption(),
              {QStringLiteral("--grid"), QStringLiteral("N"),
               QStringLiteral("panes per side of a page, 2 to 5"), QStringLiteral("2")},
-             flag("--small-screens", "scale panes for 640 x 480 (else 800 x 600, 1024 x 768)"),
-             flag("--no-dock-labels", "no labels with the panes"),
-             flag("--no-alt-labels", "no labels as ALT text"),
-             flag("--no-numbers", "no pane numbers"),
-             flag("--no-url-borders", "no border setting for linked panes"),
-             flag("--no-title", "no board title"),
-             flag("--no-footer", "no footer text"),
-             flag("--first-page-only", "write page 1 only (auto-create off)")},
+             FlagOption("--small-screens", "scale panes for 640 x 480 (else 800 x 600, 1024 x 768)"),
+             FlagOption("--no-dock-labels", "no labels with the panes"),
+             FlagOption("--no-alt-labels", "no labels as ALT text"),
+             FlagOption("--no-numbers", "no pane numbers"),
+             FlagOption("--no-url-borders", "no border setting for linked panes"),
+             FlagOption("--no-title", "no board title"),
+             FlagOption("--no-footer", "no footer text"),
+             FlagOption("--first-page-only", "write page 1 only (auto-create off)")},
             runExport};
 }

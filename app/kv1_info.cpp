@@ -42,7 +42,7 @@ int runInfo(const ToolArguments& arguments) {
     for (int i : missing)
         text += QStringLiteral("  %1 (pane %2)\n").arg(QFileInfo(p.Panes(i).SourceFile).fileName()).arg(i);
     Print(text);
-    if (!why.isEmpty()) throw ToolFailure(QStringLiteral("Kelvrin cannot open %1: %2").arg(opened.path, why));
+    opened.requireOpenable();
     if (!missing.isEmpty()) throw ToolFailure(opened.describeMissing(missing));
     return 0;
 }

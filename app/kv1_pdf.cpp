@@ -37,12 +37,9 @@ SheetOptions sheetOptions(const ToolArguments& arguments) {
 
 int runPdf(const ToolArguments& arguments) {
     const SheetOptions options = sheetOptions(arguments);
-    const QString out = QFileInfo(arguments.positional[1]).absoluteFilePath();
-    if (!QFileInfo(QFileInfo(out).path()).isDir())
-        throw ToolFailure(QStringLiteral("no such folder: ") + QFileInfo(out).path());
+    const QString out = OutputPath(arguments.positional[1]);
     ToolProject opened(arguments.positional[0]);
-    const QString why = opened.whyKelvrinCannotOpen();
-    if (!why.isEmpty()) throw ToolFailure(QStringLiteral("Kelvrin cannot open %1: %2").arg(opened.path, why));
+    opened.requireOpenable();
 
     // Pictures come from the picture folder's copies; no working pictures are needed.
     const Project& project = opened.project();
@@ -66,9 +63,6 @@ int runPdf(const ToolArguments& arguments) {
 } // namespace
 
 ToolCommand PdfCommand() {
-    const auto flag = [](const char* name, const char* help) {
-        return ToolOption{QString::fromLatin1(name), QString(), QString::fromLatin1(help), QString()};
-    };
     return {
         QStringLiteral("pdf"),
         {QStringLiteral("PROJECT.kv1"), QStringLiteral("OUT.pdf")},
@@ -81,11 +75,11 @@ ToolCommand PdfCommand() {
           QStringLiteral("panes per page: 1, 2, 3, 4, 6, 9, 12 or board"), QStringLiteral("board")},
          {QStringLiteral("--paper"), QStringLiteral("SIZE"), QStringLiteral("a4 or letter"),
           LocaleSheetPaper() == QPageSize::Letter ? QStringLiteral("letter") : QStringLiteral("a4")},
-         flag("--landscape", "pages wider than high"),
-         flag("--no-texts", "no pane texts under the pictures"),
-         flag("--labels", "the panes' labels under the pictures"),
-         flag("--urls", "the panes' URLs under the pictures, as links"),
-         flag("--no-numbers", "no pane numbers"),
+         FlagOption("--landscape", "pages wider than high"),
+         FlagOption("--no-texts", "no pane texts under the pictures"),
+         FlagOption("--labels", "the panes' labels under the pictures"),
+         FlagOption("--urls", "the panes' URLs under the pictures, as links"),
+         FlagOption("--no-numbers", "no pane numbers"),
          {QStringLiteral("--dpi"), QStringLiteral("N"),
           QStringLiteral("resolution of the pictures, 36 to 1200"), QStringLiteral("300")}},
         runPdf};

@@ -64,9 +64,13 @@ void ToolProject::rebuild(float cellSize) {
     RebuildPaneImages(*project_, cellSize);
 }
 
-void ToolProject::rebuildCompletely(float cellSize) {
+void ToolProject::requireOpenable() const {
     const QString why = whyKelvrinCannotOpen();
     if (!why.isEmpty()) throw ToolFailure(QStringLiteral("Kelvrin cannot open %1: %2").arg(path, why));
+}
+
+void ToolProject::rebuildCompletely(float cellSize) {
+    requireOpenable();
     const QList<int> missing = missingPictures();
     if (!missing.isEmpty()) throw ToolFailure(describeMissing(missing));
     rebuild(cellSize);

@@ -28,6 +28,8 @@ public:
     QString describeMissing(const QList<int>& panes) const;
     // Why Kelvrin's Open Project would stop on this project, or empty when it would not.
     QString whyKelvrinCannotOpen() const;
+    // A ToolFailure saying why, when Kelvrin's Open Project would stop on this project.
+    void requireOpenable() const;
     // Builds every pane's working picture, cellSize pixels square, as Open Project does.
     void rebuild(float cellSize);
     // rebuild() for a project Kelvrin can open with every picture present; otherwise a

@@ -2,6 +2,7 @@
 
 #include "model/runtimeerror.h"
 
+#include <QFileInfo>
 #include <algorithm>
 #include <cstdio>
 
@@ -131,6 +132,17 @@ int WholeOption(const ToolArguments& arguments, const QString& name, int low, in
 ToolOption CellOption() {
     return {QStringLiteral("--cell"), QStringLiteral("N"),
             QStringLiteral("side of the pane pictures in pixels, 1 to 4096"), QStringLiteral("256")};
+}
+
+ToolOption FlagOption(const char* name, const char* help) {
+    return {QString::fromLatin1(name), QString(), QString::fromLatin1(help), QString()};
+}
+
+QString OutputPath(const QString& given) {
+    const QFileInfo out(given);
+    if (!QFileInfo(out.absolutePath()).isDir())
+        throw ToolFailure(QStringLiteral("no such folder: ") + out.absolutePath());
+    return out.absoluteFilePath();
 }
 
 void Print(const QString& text) {

@@ -54,6 +54,10 @@ public:
 int WholeOption(const ToolArguments& arguments, const QString& name, int low, int high);
 // "--cell N", the side of the pane pictures that a command builds.
 ToolOption CellOption();
+// A switch: given or not.
+ToolOption FlagOption(const char* name, const char* help);
+// The absolute path of a file to write; a ToolFailure when its folder does not exist.
+QString OutputPath(const QString& given);
 
 // Text for people on standard output; progress on standard error.
 void Print(const QString& text);
