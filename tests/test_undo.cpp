@@ -182,8 +182,7 @@ private slots:
             session.command();
         const ProjectImage end = imageOf(m);
         QUndoStack& stack = m.w->History.Stack();
-        const int steps = stack.count();
-        QVERIFY2(steps > 100, qPrintable(QStringLiteral("only %1 steps").arg(steps)));
+        QVERIFY2(stack.count() > 100, qPrintable(QStringLiteral("only %1 steps").arg(stack.count())));
 
         while (stack.canUndo())
             m.w->mnu_Undo->trigger();
@@ -199,7 +198,6 @@ private slots:
         p.WorkFolder = dir.filePath("work");
         QDir().mkpath(p.WorkFolder);
         const QString file = p.WorkFolder + "/a-0001.BMP", store = p.WorkFolder + "/Undo";
-        const auto storedFiles = [&] { return QDir(store).entryList(QDir::Files).size(); };
         UndoHistory h(p, 3, 2500);
         QUndoStack& stack = h.Stack();
 
@@ -235,7 +233,7 @@ private slots:
         QCOMPARE(h.StoredPictureBytes(), 2000);
         QCOMPARE(stack.count(), 1);
         QCOMPARE(stack.text(0), "write 4");
-        QCOMPARE(storedFiles(), 2);
+        QCOMPARE(QDir(store).entryList(QDir::Files).size(), 2);
         h.Undo();
         QCOMPARE(ReadAll(file), QByteArray(1000, '1'));
 
