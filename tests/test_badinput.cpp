@@ -201,7 +201,8 @@ void TestBadInput::handEditedProjectFiles() {
     };
     for (const Row& row : rows) {
         StartedMain m;
-        QVERIFY(WriteAll(m.path("hand.kv1"), row.file) && QDir().mkpath(m.path("hand_Data")));
+        QVERIFY(WriteAll(m.path("hand.kv1"), row.file) && QDir().mkpath(m.path("hand_Data")) &&
+                QDir().mkpath(m.path("web")));
         if (row.picture)
             QVERIFY(WriteAll(m.path("hand_Data/sky-0001.bmp"),
                              picture("bmp", row.picture, m.path("scratch.bmp"))));
@@ -211,7 +212,6 @@ void TestBadInput::handEditedProjectFiles() {
 
         // kv1 answers in one line and copies or exports only what Kelvrin opens (info does not
         // read the pictures).
-        QVERIFY(QDir().mkpath(m.path("web")));
         for (const QStringList& command : {QStringList{"info"}, QStringList{"copy", m.path("copy.kv1")},
                                            QStringList{"export", m.path("web/page.htm")}}) {
             const Run r = kv1(QStringList{command[0], m.path("hand.kv1")} + command.mid(1));

@@ -297,8 +297,6 @@ private slots:
         w_->Text1->clear();
         QTest::keyClicks(w_->Text1, QString(260, 'y'));
         QCOMPARE(w_->Text1->text().size(), 256);
-        project().Panes(7).Text = "Shot 7";
-        w_->List1->setCurrentRow(6);
         w_->mnu_Remove_Click();
         QCOMPARE(Joined(w_->List1->item(6)->text(), project().Panes(7).Text), "007. ToUse|ToUse");
 
