@@ -20,11 +20,9 @@
 
 namespace {
 QByteArray randomBytes(int size) {
-    QByteArray bytes(size, '\0');
-    QRandomGenerator generator(8);
-    for (char& c : bytes)
-        c = char(generator.bounded(256));
-    return bytes;
+    QList<quint32> words(size / 4);
+    QRandomGenerator(8).fillRange(words.data(), words.size());
+    return QByteArray(reinterpret_cast<const char*>(words.data()), size);
 }
 
 // The check sum of a PNG chunk (CRC-32 of its type and data).
@@ -144,31 +142,30 @@ void TestBadInput::brokenPictures() {
         for (const QString damage : kDamages) {
             // Alone: the run-time error, with the pane already pointing at the file and no
             // working picture made of it.
-            const QString path = m.path(damage + "2." + ext);
+            const QString path = m.path(damage + "2." + ext), good = m.path(damage + "1." + ext);
             QVERIFY(WriteAll(path, picture(ext, damage, m.path("scratch." + ext))));
+            QVERIFY(WriteAll(good, picture(ext, "whole", m.path("scratch." + ext))));
             m.prompts.answers << path;
             m.w->SelectedPane = 2;
-            QCOMPARE(path + Str(ErrorNumberOf([&] { m.w->mnu_LoadPicture_Click(); })), path + "481");
-            QCOMPARE(m.project.Panes(2).SourceFile + m.project.Panes(2).ImageFile, path + path);
-            QVERIFY(QDir(m.project.WorkFolder).entryList({"*-0002.BMP"}).isEmpty());
+            const int loadError = ErrorNumberOf([&] { m.w->mnu_LoadPicture_Click(); });
+            QCOMPARE(Joined(path, loadError, m.project.Panes(2).SourceFile, m.project.Panes(2).ImageFile,
+                            QDir(m.project.WorkFolder).entryList({"*-0002.BMP"}).size()),
+                     Joined(path, 481, path, path, 0));
 
-            // Second of a sequence: the import halts there with its count.
-            QVERIFY(WriteAll(m.path(damage + "1." + ext), picture(ext, "whole", m.path("scratch." + ext))));
-            m.prompts.answers << m.path(damage + "1." + ext);
+            // Second of a sequence: the import halts there with its count, the pane at the halt
+            // keeping what it had.
+            m.prompts.answers << good;
             m.w->SelectedPane = 1;
             m.w->mnu_MassImage_Click();
-            QCOMPARE(path + m.prompts.messages.last().text, path + "I found only 1 compatible image.");
-            QCOMPARE(m.project.Panes(2).SourceFile, path); // the pane at the halt keeps what it had
+            QCOMPARE(Joined(path, m.prompts.messages.last().text, m.project.Panes(2).SourceFile),
+                     Joined(path, "I found only 1 compatible image.", path));
 
             // Dropped after a good one: the good one lands, the broken one is reported and leaves
             // its pane alone.
-            QCOMPARE(path + Str(ErrorNumberOf([&] {
-                         m.w->DropPictures({m.path(damage + "1." + ext), path}, 3);
-                     })),
-                     path + "0");
-            QCOMPARE(path + m.prompts.messages.last().title, path + "Kelvrin : Import");
-            QCOMPARE(m.project.Panes(3).SourceFile, m.path(damage + "1." + ext));
-            QCOMPARE(m.project.Panes(4).SourceFile, QString(kNone));
+            const int dropError = ErrorNumberOf([&] { m.w->DropPictures({good, path}, 3); });
+            QCOMPARE(Joined(path, dropError, m.prompts.messages.last().title, m.project.Panes(3).SourceFile,
+                            m.project.Panes(4).SourceFile),
+                     Joined(path, 0, "Kelvrin : Import", good, kNone));
         }
     // No announced size takes more memory than one picture may have (kMaxPictureBytes).
     getrusage(RUSAGE_SELF, &after);
@@ -197,7 +194,6 @@ void TestBadInput::handEditedProjectFiles() {
         {"grid side 200", header(4, 1, 200), 6},
         {"no boards", header(4, 0, 2), 9},
         {"200 boards", header(800, 200, 2), 0},
-        {"pane total 2000", header(2000, 1, 2), 9},
         {"pane total -5", header(-5, 1, 2), 0},
         {"non-ANSI bytes", nonAnsi, 0},
         {"a picture cut short", withPicture, 481, "cut"},
@@ -205,7 +201,8 @@ void TestBadInput::handEditedProjectFiles() {
     };
     for (const Row& row : rows) {
         StartedMain m;
-        QVERIFY(WriteAll(m.path("hand.kv1"), row.file) && QDir().mkpath(m.path("hand_Data")));
+        QVERIFY(WriteAll(m.path("hand.kv1"), row.file) && QDir().mkpath(m.path("hand_Data")) &&
+                QDir().mkpath(m.path("web")));
         if (row.picture)
             QVERIFY(WriteAll(m.path("hand_Data/sky-0001.bmp"),
                              picture("bmp", row.picture, m.path("scratch.bmp"))));
@@ -215,7 +212,6 @@ void TestBadInput::handEditedProjectFiles() {
 
         // kv1 answers in one line and copies or exports only what Kelvrin opens (info does not
         // read the pictures).
-        QVERIFY(QDir().mkpath(m.path("web")));
         for (const QStringList& command : {QStringList{"info"}, QStringList{"copy", m.path("copy.kv1")},
                                            QStringList{"export", m.path("web/page.htm")}}) {
             const Run r = kv1(QStringList{command[0], m.path("hand.kv1")} + command.mid(1));
@@ -307,7 +303,7 @@ void TestBadInput::saveOntoAFullDisk() {
     QVERIFY(ReadAll(file) == fileBefore && ReadAll(copy) == pictureBefore);
     pane.ImageFile = kNone; // no picture, nothing trapped: the save's run-time error
     QCOMPARE(saveOnFullDisk(), 75);
-    QCOMPARE(ReadAll(file), fileBefore);
+    QVERIFY(ReadAll(file) == fileBefore);
     QCOMPARE(QDir(folder).entryList(QDir::Files | QDir::Hidden), (QStringList{"sky-0001.BMP", "trip.kv1"}));
     QCOMPARE(QDir(folder + "trip_Data").entryList(QDir::Files | QDir::Hidden), QStringList{"sky-0001.bmp"});
 
