@@ -71,33 +71,40 @@ private slots:
         QVERIFY(QDir().mkpath(project_.WorkFolder));
     }
 
-    void storesEachFormatAsCellSizedBmp_data() {
+    void storesEachFormatFlippedAsCellSizedBmp_data() {
         QTest::addColumn<QString>("file");
-        QTest::newRow("bmp") << "Photo.bmp";
-        QTest::newRow("gif") << "Anim7.gif";
-        QTest::newRow("jpeg") << "Vanto05.jpg";
-        QTest::newRow("jpeg named .bmp") << "Renamed.bmp";
-        QTest::newRow("png") << "Frame0042.png";
+        QTest::addColumn<int>("flips"); // 1 horizontal, 2 vertical
+        QTest::addColumn<QString>("seen");
+        QTest::newRow("bmp") << "Photo.bmp" << 0 << "TL TR BL BR";
+        QTest::newRow("gif, horizontal") << "Anim7.gif" << 1 << "TR TL BR BL";
+        QTest::newRow("jpeg, vertical") << "Vanto05.jpg" << 2 << "BL BR TL TR";
+        QTest::newRow("jpeg named .bmp, both") << "Renamed.bmp" << 3 << "BR BL TR TL";
+        QTest::newRow("png") << "Frame0042.png" << 0 << "TL TR BL BR";
     }
-    void storesEachFormatAsCellSizedBmp() {
+    void storesEachFormatFlippedAsCellSizedBmp() {
         QFETCH(QString, file);
-        const QImage picture = QuadrantPicture(64, 48);
+        QFETCH(int, flips);
+        QFETCH(QString, seen);
+        const QImage picture = QuadrantPicture(80, 60);
         const QString path = source(file);
         QVERIFY(file.endsWith(".gif")   ? WriteGif(picture, path)
                 : file.endsWith(".png") ? WritePng(picture, path)
                 : file == "Photo.bmp"   ? WriteBmp(picture, path)
                                         : WriteJpeg(picture, path));
-        Pane& pane = project_.Panes(5);
+        Pane& pane = project_.Panes(1000);
         pane.SourceFile = path;
         pane.SourceStem = file.left(file.size() - 4);
-        StorePaneImage(project_, 5, 40.0f, true);
-
-        QCOMPARE(pane.ImageFile, project_.WorkFolder + "/" + pane.SourceStem + "-0005.BMP");
-        // 24 bits per pixel, rows of 120 bytes, already 4-byte aligned.
-        const QByteArray bmp = ReadAll(pane.ImageFile);
-        QCOMPARE(Joined(bmp.left(2), int(bmp[28]), bmp.size()), Joined("BM", 24, 54 + 40 * 120));
-        const QImage stored(pane.ImageFile);
-        QCOMPARE(Joined(stored.size(), QuadrantsOf(stored)), "40x40|TL TR BL BR");
+        pane.FlipHorizontal = qint16(flips & 1), pane.FlipVertical = qint16(flips >> 1);
+        // Built, then rebuilt over the same file at a new size, the flips applied from the source again.
+        for (int side : {40, 24}) {
+            StorePaneImage(project_, 1000, float(side), side == 40);
+            QCOMPARE(pane.ImageFile, project_.WorkFolder + "/" + pane.SourceStem + "-1000.BMP");
+            // 24 bits per pixel; rows of 120 and 72 bytes need no padding.
+            const QByteArray bmp = ReadAll(pane.ImageFile);
+            QCOMPARE(Joined(bmp.left(2), int(bmp[28]), bmp.size()), Joined("BM", 24, 54 + side * side * 3));
+            const QImage stored(pane.ImageFile);
+            QCOMPARE(Joined(stored.size(), QuadrantsOf(stored)), Joined(QSize(side, side), seen));
+        }
     }
 
     void pngTransparencyLiesOnWhite() {
@@ -110,32 +117,10 @@ private slots:
         painter.end();
         QVERIFY(WritePng(picture, source("Render1.png")));
         const QImage loaded = LoadPicture(source("Render1.png"));
-        QCOMPARE(loaded.pixelColor(5, 5), QColor(Qt::blue));
-        QCOMPARE(loaded.pixelColor(35, 5), QColor(Qt::white));
+        QCOMPARE(Joined(loaded.pixelColor(5, 5), loaded.pixelColor(35, 5)),
+                 Joined(QColor(Qt::blue), QColor(Qt::white)));
         QVERIFY2(Near(loaded.pixelColor(35, 35), QColor(255, 127, 127), 2),
                  qPrintable(loaded.pixelColor(35, 35).name()));
-    }
-
-    void flipsOnPixelsAndRebuild() {
-        const QString path = source("q.bmp");
-        QVERIFY(WriteBmp(QuadrantPicture(80, 60), path));
-        const char* seen[4] = {"TL TR BL BR", "TR TL BR BL", "BL BR TL TR", "BR BL TR TL"};
-        for (int flips = 0; flips < 4; ++flips) {
-            const qint16 index = qint16(997 + flips); // up to pane 1000
-            Pane& p = project_.Panes(index);
-            p.SourceFile = path;
-            p.SourceStem = "q";
-            p.FlipHorizontal = flips & 1, p.FlipVertical = flips >> 1;
-            // Built, then rebuilt over the same file at a new size with the flips applied from the source
-            // again.
-            for (int side : {30, 24}) {
-                StorePaneImage(project_, index, float(side), side == 30);
-                QCOMPARE(p.ImageFile,
-                         project_.WorkFolder + QString("/q-%1.BMP").arg(index, 4, 10, QLatin1Char('0')));
-                const QImage img(p.ImageFile);
-                QCOMPARE(Joined(img.size(), QuadrantsOf(img, 10)), Joined(QSize(side, side), seen[flips]));
-            }
-        }
     }
 
     void mirroredDrawDropsOneSourceEdge() {
@@ -184,12 +169,13 @@ private slots:
             if (n != 27) QVERIFY(WriteJpeg(SolidPicture(64, 48, QColor(n * 6, 0, 0)), p.SourceFile));
         }
         int progressCalls = 0;
-        QCOMPARE(ErrorNumberOf([&] {
-                     StorePaneImages(project_, 1, 40, 16.0f, true, [&](int done, int total) {
-                         QCOMPARE(Joined(done, total), Joined(++progressCalls, 40));
-                     });
-                 }),
-                 53);
+        const auto storeAll = [&] {
+            progressCalls = 0;
+            StorePaneImages(project_, 1, 40, 16.0f, true, [&](int done, int total) {
+                QCOMPARE(Joined(done, total), Joined(++progressCalls, 40));
+            });
+        };
+        QCOMPARE(ErrorNumberOf(storeAll), 53);
         QCOMPARE(progressCalls, 26);
         for (int n = 1; n <= 40; ++n) {
             const bool built = n < 27 && n % 5 != 0;
@@ -201,10 +187,7 @@ private slots:
         }
         // Once the missing file is there every pane is counted, the last one (no source) too.
         QVERIFY(WriteJpeg(SolidPicture(64, 48, Qt::red), project_.Panes(27).SourceFile));
-        progressCalls = 0;
-        StorePaneImages(project_, 1, 40, 16.0f, true, [&](int done, int total) {
-            QCOMPARE(Joined(done, total), Joined(++progressCalls, 40));
-        });
+        storeAll();
         QCOMPARE(progressCalls, 40);
     }
 
@@ -253,8 +236,8 @@ private slots:
         for (int row = 0; row < 40; ++row)
             for (int x = 0; x < 105; ++x) {
                 uchar* p = dib.DIBSectionBitsPtr() + row * dib.BytesPerScanLine() + x * 3;
-                p[0] =
-                    row >= 32 ? 0 : 255; // the last memory rows, the top of the picture, red; the rest blue
+                // The last memory rows, the top of the picture, red; the rest blue.
+                p[0] = row >= 32 ? 0 : 255;
                 p[2] = row >= 32 ? 255 : 0;
             }
         const QString path = source("Vanto01-001.JPG");
@@ -268,9 +251,7 @@ private slots:
         tjDestroy(tj);
         QCOMPARE(Joined(w, h, subsampling, colourspace), Joined(105, 40, int(TJSAMP_420), int(TJCS_YCbCr)));
         // Quality 75 halves the standard luminance table: its first entry, 16, becomes 8.
-        const int dqt = int(jpeg.indexOf("\xFF\xDB"));
-        QVERIFY(dqt > 0);
-        QCOMPARE(jpeg.mid(dqt + 4, 2), QByteArray("\x00\x08", 2));
+        QCOMPARE(jpeg.mid(int(jpeg.indexOf("\xFF\xDB")) + 4, 2), QByteArray("\x00\x08", 2));
         const QImage decoded = QImage::fromData(jpeg);
         QVERIFY(Near(decoded.pixelColor(50, 2), Qt::red) && Near(decoded.pixelColor(50, 30), Qt::blue));
 

@@ -74,26 +74,21 @@ private slots:
                  Joined("Kelvrin : Import", "I found 2" + kTruncation));
     }
 
-    void pngSequences() {
-        // Zero-padded from pane 1, plain numbers past a new digit from pane 5.
+    void pngSequenceFromTheChosenPane() {
+        // Plain numbers past a new digit, from pane 5 on.
         StartedMain m;
-        const QStringList names = {"Shot01.png", "Shot02.png", "Shot03.png",
-                                   "Take9.png",  "Take10.png", "Take11.png"};
+        const QStringList names = {"Take9.png", "Take10.png", "Take11.png"};
+        const auto colour = [](int i) { return QColor::fromHsv(i * 60, 255, 255).toRgb(); };
         for (int i = 0; i < names.size(); ++i)
-            QVERIFY(
-                WritePng(SolidPicture(30, 20, QColor::fromHsv(i * 60, 255, 255).toRgb()), m.path(names[i])));
-        for (const int first : {1, 5}) {
-            m.w->SelectedPane = first;
-            m.prompts.answers.enqueue(m.path(names[first == 1 ? 0 : 3]));
-            m.w->mnu_MassImage_Click();
-            QCOMPARE(lastMessage(m), "I found 3" + kTruncation);
-        }
-        const int panes[] = {1, 2, 3, 5, 6, 7};
+            QVERIFY(WritePng(SolidPicture(30, 20, colour(i)), m.path(names[i])));
+        m.w->SelectedPane = 5;
+        m.prompts.answers.enqueue(m.path(names[0]));
+        m.w->mnu_MassImage_Click();
+        QCOMPARE(lastMessage(m), "I found 3" + kTruncation);
         for (int i = 0; i < names.size(); ++i) {
-            const Pane& pane = m.project.Panes(panes[i]);
-            QCOMPARE(pane.SourceFile, m.path(names[i]));
-            QCOMPARE(pane.SourceStem, names[i].left(4));
-            QCOMPARE(QImage(pane.ImageFile).pixelColor(2, 2), QColor::fromHsv(i * 60, 255, 255).toRgb());
+            const Pane& pane = m.project.Panes(5 + i);
+            QCOMPARE(Joined(pane.SourceFile, pane.SourceStem, QImage(pane.ImageFile).pixelColor(2, 2)),
+                     Joined(m.path(names[i]), "Take", colour(i)));
         }
         QCOMPARE(m.project.Panes(4).SourceFile, QString(kNone));
     }
@@ -149,11 +144,6 @@ private slots:
         QCOMPARE(Joined(m.prompts.requests[0].title, pane.SourceStem, pane.SourceFile,
                         QImage(pane.ImageFile).width()),
                  Joined("Load Picture ...", "Photo7", path, qRound(m.w->CellSize)));
-        // Not trapped: the run-time error goes up to the event loop, the pane already on the file.
-        QVERIFY(WriteAll(m.path("broken.jpg"), "not a picture"));
-        m.prompts.answers.enqueue(m.path("broken.jpg"));
-        QCOMPARE(ErrorNumberOf([&] { m.w->mnu_LoadPicture_Click(); }), 481);
-        QCOMPARE(Joined(pane.SourceFile, pane.SourceStem), Joined(m.path("broken.jpg"), "broken"));
     }
 
     void flipsBlankAndCloseUp() {
