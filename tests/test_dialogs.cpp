@@ -32,26 +32,27 @@ private slots:
         d->Combo_MatrixSize->setCurrentIndex(2);
         QCOMPARE(d->Label1->text(), "Max 62 boards x 16 panes = 992 panes");
         // Typed | shown | selected: a refused entry shows the maximum, selected.
-        for (const QString row :
-             {"|062|062", " 1 2 |12|", "x5|062|062", "99|062|062", "0|0|", "5abc|5abc|", "1e3|062|062",
-              "1e1|1e1|", "62.5|062|062"}) {
+        for (const QString row : {"|062|062", " 1 2 |12|", "x5|062|062", "99|062|062", "0|0|", "5abc|5abc|",
+                                  "1e3|062|062", "1e1|1e1|", "62.5|062|062"}) {
             d->Text_BoardAmount->setText(row.section('|', 0, 0));
             QCOMPARE(Joined(row.section('|', 0, 0), d->Text_BoardAmount->text(),
                             d->Text_BoardAmount->selectedText()),
                      row);
         }
-        d->Text_BoardAmount->setText("2");
-        d->UpDownDown->click();
-        d->UpDownDown->click();
-        QCOMPARE(d->Text_BoardAmount->text() + d->Text_BoardAmount->selectedText(), "001001");
-        d->Text_BoardAmount->setText("61");
-        d->UpDownUp->click();
-        d->UpDownUp->click();
-        QCOMPARE(d->Text_BoardAmount->text(), "062");
-        // Stepping starts from the whole text's number.
-        d->Text_BoardAmount->setText("1e1");
-        d->UpDownDown->click();
-        QCOMPARE(d->Text_BoardAmount->text(), "009");
+        // Start | steps (d, u: the buttons; D, U: the arrow keys) | shown. Steps stop at 62 and 1, and
+        // start from the whole text's number; stepping down to 1 leaves it selected.
+        for (const QString row : {"61|uu|062", "1e1|d|009", "005|UUD|006", "2|dd|001"}) {
+            d->Text_BoardAmount->setText(row.section('|', 0, 0));
+            for (const QChar step : row.section('|', 1, 1)) {
+                if (step == 'd' || step == 'u')
+                    (step == 'd' ? d->UpDownDown : d->UpDownUp)->click();
+                else
+                    QTest::keyClick(d->Text_BoardAmount, step == 'U' ? Qt::Key_Up : Qt::Key_Down);
+            }
+            QCOMPARE(Joined(row.section('|', 0, 0), row.section('|', 1, 1), d->Text_BoardAmount->text()),
+                     row);
+        }
+        QCOMPARE(d->Text_BoardAmount->selectedText(), "001");
     }
 
     void acceptCloseKeepAndDiscard() {
@@ -69,13 +70,10 @@ private slots:
         m.w->FillLists(2, 2, m.w->StageSize, false);
         m.w->SetBoardIndex(1);
         changeProject(m, 0, "2", true);
-        QVERIFY(m.w->picStage->Picture.isNull());
-        QCOMPARE(m.w->Combo_PageView->currentIndex(), 0);
-        QVERIFY(m.w->ButtonBack->isEnabled());
-        QVERIFY(!m.w->ButtonNext->isEnabled());
-        QCOMPARE(m.w->Text1->text(), "Five");
-        QCOMPARE(m.w->SelectedPane, 5);
-        QCOMPARE(m.w->List1->currentRow(), -1);
+        QCOMPARE(Joined(m.w->picStage->Picture.isNull(), m.w->Combo_PageView->currentIndex(),
+                        m.w->ButtonBack->isEnabled(), m.w->ButtonNext->isEnabled(), m.w->Text1->text(),
+                        m.w->SelectedPane, m.w->List1->currentRow()),
+                 "1|0|1|0|Five|5|-1");
 
         changeProject(m, 2, "0", true);
         QCOMPARE(Joined(m.project.GridSide, m.project.BoardCount), "4|1");
@@ -171,10 +169,9 @@ private slots:
         m.w->ShowModal = [&](QDialog&) { o->Button_acceptOrclose[1]->click(); };
         m.w->mnu_Options->trigger();
         m.w->mnu_BoardOptions->trigger();
-        QCOMPARE(m.project.Panes(3).Label, label);
-        QCOMPARE(m.project.Panes(3).Url, url);
-        QCOMPARE(m.project.BoardTitle, title);
-        QCOMPARE(m.project.FooterText, footer);
+        QCOMPARE(Joined(m.project.Panes(3).Label, m.project.Panes(3).Url, m.project.BoardTitle,
+                        m.project.FooterText),
+                 Joined(label, url, title, footer));
         const int limits[4] = {99, 999, 256, 99};
         for (int i = 0; i < 4; ++i) {
             QLineEdit* box = o->Text1[i];
@@ -248,12 +245,6 @@ private slots:
             QCOMPARE(QApplication::focusWidget(), next);
         }
         o->hide();
-
-        // Up and Down in the number of boards step it.
-        w.AddNew->Text_BoardAmount->setText("005");
-        for (Qt::Key key : {Qt::Key_Up, Qt::Key_Up, Qt::Key_Down})
-            QTest::keyClick(w.AddNew->Text_BoardAmount, key);
-        QCOMPARE(w.AddNew->Text_BoardAmount->text(), "006");
     }
 };
 

@@ -9,10 +9,8 @@
 #include "images/panebatch.h"
 #include "images/paneflip.h"
 #include "images/paneimage.h"
-#include "images/sequence.h"
 #include "images/shuffle.h"
 #include "model/numbers.h"
-#include "model/projectfile.h"
 #include "support/testpictures.h"
 
 #include <QImageReader>
@@ -81,11 +79,8 @@ void TestSoak::longSession() {
             const QString first = any(2) ? "f01.jpg" : "g1.bmp";
             ImportSequence(p, AnalyseSequence(folder + first, first), qint16(pane), float(cell));
         } else if (op < 38) { // a drag from one pane onto another
-            Pane& b = p.Panes(other);
-            std::swap(a.ImageFile, b.ImageFile), std::swap(a.SourceFile, b.SourceFile);
-            std::swap(a.SourceStem, b.SourceStem), std::swap(a.FlipHorizontal, b.FlipHorizontal);
-            std::swap(a.FlipVertical, b.FlipVertical), std::swap(a.Text, b.Text);
-            std::swap(a.Label, b.Label), std::swap(a.Url, b.Url);
+            std::swap(a, p.Panes(other));
+            std::swap(a.Position, p.Panes(other).Position); // the cell table stays with its record
         } else if (op < 52) {
             if (a.ImageFile != kNone) FlipPaneImage(p, qint16(pane), float(cell), 0, 0, any(2) ? -1 : 0);
         } else if (op < 60) {
