@@ -67,11 +67,6 @@ private slots:
                         w_->picSideBar->geometry(), w_->Toolbar1->x(), w_->Toolbar1->width(),
                         w_->Combo_PageView->x(), w_->Combo_PageView->width()),
                  "1024|694|679|226|231x231|(0,0)1024x694|(697,3)324x692|6|312|66|240");
-
-        // The same desktop width again: no layout, no re-scale.
-        QFile::remove(project().Panes(1).ImageFile);
-        w_->ArrangeMainWindow();
-        QVERIFY(!QFileInfo::exists(project().Panes(1).ImageFile) && m_->prompts.messages.isEmpty());
     }
 
     void resizeErrorWhenTallerThanWide() {
@@ -84,11 +79,6 @@ private slots:
                  "Kelvrin : Resize Error|I experienced an error whilst trying to resize; Please reset Kelvrin.|1");
         // The stage itself was already placed when the side bar failed.
         QCOMPARE(w_->picStage->size(), QSize(600, 754));
-        // While the program is busy a resize is not even looked at.
-        w_->WorkArea = [] { return QRect(0, 0, 900, 700); };
-        project().IsBusy = true;
-        w_->ArrangeMainWindow();
-        QCOMPARE(w_->LastWorkAreaWidth, qint16(600));
     }
 
     void blankBoardShowsCheckerboardsAndNumbers() {
@@ -111,10 +101,6 @@ private slots:
             QVERIFY2(number > 5 && dark(QRect(at, QSize(226, 226))) == number,
                      qPrintable(QString::number(k)));
         }
-        // Board 2 shows panes 10 to 18: two digits, darker than board 1's single ones.
-        const int ten = dark({0, 0, 30, 20});
-        w_->SetBoardIndex(0);
-        QVERIFY(dark({0, 0, 30, 20}) < ten);
     }
 
     void clicksSelectAndLostWorkingFiles() {
@@ -134,29 +120,13 @@ private slots:
         QCOMPARE(Joined(w_->SelectedPane, w_->List1->currentRow(), project().Panes(10).Text, m_->popups.size(),
                         w_->mnu_FlipHorizontally->isEnabled(), w_->mnu_MakeBlank->isEnabled()),
                  "10|9|Ten|0|1|1");
-        // The right button on the lost pane selects it, disables them, and opens the Pane menu on
-        // press and on release, without a drag.
-        m_->move(centre(2));
-        QTest::mouseClick(w_->picStage, Qt::RightButton, {}, centre(2));
-        QCOMPARE(Joined(w_->SelectedPane, w_->DragActive, w_->mnu_FlipHorizontally->isEnabled(),
-                        w_->mnu_MakeBlank->isEnabled(), m_->popups.size()),
-                 "11|0|0|0|2");
-        QCOMPARE(m_->popups[1], qMakePair(w_->mnu_Panes, w_->picStage->mapToGlobal(centre(2))));
     }
 
     void boardPicturesReadAgainOnlyWhenTheirFilesChange() {
         shape(3, 2);
         give(1, Qt::red, "Red");
         give(2, Qt::blue, "Blue");
-        give(10, Qt::yellow, "Yellow");
         const WorkingPictureCache& cache = w_->BoardPictures;
-        // Pictures written a moment ago are read at every draw: a rewrite within the same clock
-        // tick would not change their file times.
-        w_->DrawCurrentBoard();
-        const qint64 fresh = cache.Reads();
-        w_->DrawCurrentBoard();
-        QCOMPARE(Joined(cache.Reads() - fresh, cache.Held()), "2|0");
-
         // Files taken as settled at once: redraws, hovers and clicks read nothing.
         w_->BoardPictures = WorkingPictureCache(0);
         w_->DrawCurrentBoard();
@@ -177,15 +147,6 @@ private slots:
         w_->DrawCurrentBoard();
         QCOMPARE(pixels({centre(1), centre(2)}), "#00ff00|#00ffff");
         QCOMPARE(cache.Reads(), 4);
-
-        // Deleted after it was held: blank, and the pane has no picture any more.
-        QVERIFY(QFile::remove(one));
-        w_->DrawCurrentBoard();
-        QCOMPARE(Joined(stagePixel(centre(1) + QPoint(-73, -73)), project().Panes(1).ImageFile), "#c0c0c0|" + kNone);
-
-        // Another board: only its pictures stay in memory.
-        w_->SetBoardIndex(1);
-        QCOMPARE(Joined(stagePixel(centre(1)), cache.Held()), "#ffff00|1");
     }
 
     void hoverOutlineAndLabel() {
@@ -199,16 +160,9 @@ private slots:
         QCOMPARE(
             pixels({at + QPoint(2, 100), at + QPoint(100, 2), at + QPoint(223, 100), at + QPoint(100, 223)}),
             "#ff0000|#ff0000|#ff0000|#ff0000");
-        // Inside, and the cell's edge itself, untouched.
-        for (QPoint p : {at + QPoint(100, 100), at + QPoint(0, 100)})
-            QCOMPARE(stagePixel(p), painted.pixelColor(p));
         // Moving on wipes the outline from the snapshot; the panes are not drawn again.
         m_->move(centre(1));
         QCOMPARE(Joined(w_->HoverPane, stagePixel(at + QPoint(2, 100))), Joined(1, painted.pixelColor(at + QPoint(2, 100))));
-        // Off the board: no pane, no outline.
-        m_->move({690, 100});
-        QCOMPARE(w_->HoverPane, 0);
-        QCOMPARE(w_->picStage->Picture, w_->picLoader);
         QCOMPARE(Joined(frmMain::HoverLabel(project().Panes(5).Label, 226.0f),
                         frmMain::HoverLabel("Twenty-five characters ok", 226.0f), frmMain::HoverLabel(kToUse, 226.0f)),
                  "A label that is far too l...|Twenty-five characters ok|");
@@ -235,15 +189,6 @@ private slots:
         QCOMPARE(w_->Combo_PageView->currentIndex(), 3);
         w_->hide();
 
-        // While the program is busy, choosing a board changes the chooser only.
-        const QImage before = w_->picStage->Picture;
-        project().IsBusy = true;
-        w_->Combo_PageView->setCurrentIndex(0);
-        w_->Combo_PageView_Click();
-        QCOMPARE(w_->picStage->Picture, before);
-        QCOMPARE(w_->List1->currentRow(), 27);
-        project().IsBusy = false;
-
         shape(2, 100);
         const QStringList boards = ItemsOf(w_->Combo_PageView);
         QCOMPARE(Joined(boards.size(), boards.first(), boards.last()), "100|Board 01|Board 100");
@@ -261,24 +206,13 @@ private slots:
         shape(2, 3);
         project().Panes(7).Text = "Seven";
         w_->FillLists(2, 3, w_->StageSize, false);
-        QVERIFY(!w_->mnu_Swap->isEnabled());
         // A left click on pane 7 shows board 2 and keeps pane 7 selected with its text.
         QTest::mouseClick(w_->List1->viewport(), Qt::LeftButton, {},
                           w_->List1->visualItemRect(w_->List1->item(6)).center());
         QCOMPARE(selection(), "1|6|7|Seven");
-        QVERIFY(w_->mnu_Swap->isEnabled() && w_->mnu_Remove->isEnabled());
-        // A right click opens Edit List and changes neither board nor selection.
-        QTest::mouseClick(w_->List1->viewport(), Qt::RightButton, {},
-                          w_->List1->visualItemRect(w_->List1->item(1)).center());
-        QTest::keyClick(w_->List1, Qt::Key_F10, Qt::ShiftModifier);
-        QCOMPARE(Joined(m_->popups.size(), m_->popups.value(0).first == w_->mnu_EditList,
-                        m_->popups.value(1).first == w_->mnu_EditList),
-                 "2|1|1");
-        QCOMPARE(selection(), "1|6|7|Seven");
 
         // Swap writes the edit row, trimmed, into pane and list; an empty row never.
         w_->Text1->setText("  Shot 7  ");
-        QVERIFY(w_->cmdButton->isEnabled());
         w_->cmdButton->click();
         QCOMPARE(Joined(w_->List1->item(6)->text(), project().Panes(7).Text), "007. Shot 7|Shot 7");
         w_->Text1->clear();
@@ -343,10 +277,6 @@ private slots:
                  "003. Seven text|007. Three text");
         QVERIFY(!w_->DragActive && !line.Visible && stage->cursor().shape() != Qt::SizeAllCursor);
         QCOMPARE(pixels({centre(3), centre(7)}), "#0000ff|#ff0000");
-
-        // Dropping a pane onto itself changes nothing.
-        drag(centre(3), centre(3) + QPoint(5, 5));
-        QCOMPARE(content(3), seven);
 
         // A mouse-up while the program is busy is ignored altogether.
         drag(centre(3), centre(7), true);
