@@ -201,6 +201,31 @@ private slots:
 
     // The menu's export: the options window, the file's name, the video; a name of no known kind
     // is refused with a message.
+    void stageAfterTheSlideshow() {
+        StartedMain m;
+        Project& p = m.project;
+        p.GridSide = 3, p.BoardCount = 2;
+        m.w->ReshapeProject(3, 2, m.w->StageSize, true);
+        for (int i = 1; i <= 16; ++i) {
+            m.give(i, SolidPicture(30, 20, QColor(i * 15, 0, 0)), QString("P%1").arg(i));
+            p.Panes(i).Text = QString("Text %1").arg(i);
+        }
+        m.w->RefillPaneList(18, true);
+        m.w->ChoosePane(2);
+        int started = 0;
+        m.w->ShowModal = [&](QDialog& d) {
+            auto* show = qobject_cast<frmSlideshow*>(&d);
+            QVERIFY(show && show->windowState().testFlag(Qt::WindowFullScreen));
+            started = show->CurrentPane();
+            for (Qt::Key key : {Qt::Key_End, Qt::Key_Left, Qt::Key_Escape})
+                QTest::keyClick(show, key);
+        };
+        m.w->mnu_Slideshow->trigger();
+        QCOMPARE(Joined(started, m.w->Combo_PageView->currentIndex()), "2|1");
+        QCOMPARE(Joined(m.w->List1->currentRow(), m.w->Text1->text(), m.w->SelectedPane), "14|Text 15|15");
+        QVERIFY(m.w->cmdButton->isEnabled());
+    }
+
     void exportFromTheMenu() {
         StartedMain m;
         for (int i = 1; i <= 3; ++i)

@@ -84,6 +84,16 @@ private slots:
         QCOMPARE(m.project.Panes(999).SourceFile, files[0]);
         QCOMPARE(m.project.Panes(1000).SourceFile, files[1]);
 
+        // A file that is no picture stops the drop where it stands, and says so; the program goes on.
+        const QString broken = m.path("a2.bmp");
+        QVERIFY(WriteAll(broken, "BM not a picture"));
+        QVERIFY(drag(*m.w, m.w->picStage, {files[0], broken, files[2]}, m.centre(1), true)); // pane 976
+        QCOMPARE(m.project.Panes(976).SourceFile, files[0]);
+        QCOMPARE(m.project.Panes(977).SourceFile, QString(kNone));
+        QCOMPARE(m.project.Panes(978).SourceFile, QString(kNone));
+        QCOMPARE(m.prompts.messages.size(), 1);
+        QCOMPARE(m.prompts.messages[0].title, QString("Kelvrin : Import"));
+        QVERIFY2(m.prompts.messages[0].text.contains("a2.bmp"), qPrintable(m.prompts.messages[0].text));
     }
 
     void othersAreRefused() {
@@ -141,7 +151,14 @@ private slots:
     }
 
     void recentProjects() {
+        QStringList list;
+        for (int i = 1; i <= 9; ++i)
+            list = WithRecentProject(list, QString("/p%1.kv1").arg(i));
+        QCOMPARE(list.size(), kMaxRecentProjects);
+        QCOMPARE(list.first(), "/p9.kv1");
+
         StartedMain m;
+        QVERIFY(!m.w->mnu_ClearRecent->isEnabled());
         // Saved and opened projects, most recent first and each once, in the file that outlives the window.
         const QString a = saveAs(m, "a.kv1"), b = saveAs(m, "b.kv1");
         m.prompts.answers.enqueue(a);
@@ -153,6 +170,7 @@ private slots:
         QVERIFY(QFile::remove(b));
         emit m.w->mnu_OpenRecent->aboutToShow();
         QCOMPARE(recentEntries(*m.w, true), QStringList({a}));
+        QCOMPARE(recentEntries(*m.w), QStringList({a, b}));
 
         // Choosing an entry opens it through Open Project.
         m.project.Panes(1).Text = "changed";

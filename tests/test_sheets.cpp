@@ -160,6 +160,48 @@ private slots:
 
     // Written, then read back as a reader of the PDF would: every text findable, one picture per
     // pane with one, the pages and paper asked for, links kept.
+    void longCaptionsShrinkThenFlow() {
+        Project p;
+        p.GridSide = 3, p.BoardCount = 4; // 36 panes, 12 a page: 3 pages
+        SheetOptions o;
+        o.perPage = 12;
+        const SheetLayout usual = layOut(p, o, [](int, double) { return 100.0; });
+        const double picture = usual.pages[0].cells[0].picture.height();
+        for (double caption : {picture * 0.3, picture * 1.5}) {
+            const SheetLayout layout =
+                layOut(p, o, [caption](int pane, double) { return pane == 5 ? caption : 100.0; });
+            QCOMPARE(geometryFault(layout), QString());
+            const SheetCell five = layout.pages[0].cells[4];
+            QCOMPARE(five.caption.height(), caption);
+            QCOMPARE(layout.pages[0].cells[3].picture.height(), five.picture.height()); // its row
+            QCOMPARE(layout.pages[0].cells[0].picture.height(), picture);               // another row
+            const bool flows = caption > picture;
+            QVERIFY(five.picture.height() < picture);
+            QCOMPARE(five.picture.height() == picture / 2, flows);
+            QCOMPARE(Joined(layout.pages.size(), layout.pages[0].cells.size()), flows ? "4|9" : "3|12");
+            QCOMPARE(placesOf(layout).value(10), flows ? "1|0|0" : "0|0|3");
+        }
+        // A board whose rows do not fit goes on over pages of its own; the next board starts afresh.
+        o.perPage = 0;
+        const SheetLayout boards = layOut(p, o, [](int pane, double) { return pane == 4 ? 4000.0 : 100.0; });
+        QCOMPARE(boards.pages.size(), 6);
+        for (int page : {1, 2})
+            QCOMPARE(Joined(SheetPageSubject(boards.pages[page]), boards.pages[page].cells.first().pane),
+                     Joined("Board 1, continued", 3 * page + 1));
+        QCOMPARE(SheetPageSubject(boards.pages[3]), QString("Board 2"));
+
+        // Real fonts: a text of 256 characters takes more lines than are kept, a short one fewer.
+        p.Panes(1).Text = QString("Word ").repeated(51) + "X";
+        p.Panes(2).Text = "Short";
+        const QList<CaptionBlock> blocks = CaptionBlocks(p, 1, o);
+        QCOMPARE(Joined(blocks.size(), blocks[0].text), "2|1");
+        const SheetLayout real = layOut(p, o);
+        const double width = real.pages[0].cells[0].caption.width();
+        QVERIFY(MeasureCaption(blocks, width) > 3 * BlockHeight({CaptionBlock::Text, "Short"}, width));
+        QVERIFY(real.pages[0].cells[0].picture.height() < real.pages[0].cells[3].picture.height());
+        QCOMPARE(geometryFault(real), QString());
+    }
+
     void pdfReadBack() {
         SheetProject s(3, 2);
         s.p.BoardTitle = "Harbour at Dawn", s.p.FooterText = "Draft two, Orvane Works";

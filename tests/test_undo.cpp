@@ -207,6 +207,20 @@ private slots:
         QCOMPARE(QDir(store).entryList(QDir::Files).size(), 2);
         h.Undo();
         QCOMPARE(ReadAll(file), QByteArray(1000, '1'));
+
+        // A kept copy that vanished: the working picture goes (the pane shows blank), records
+        // and the history go on.
+        h.Redo();
+        h.Record("write 5", [&] {
+            WriteFileBytes(QByteArray(1000, '4'), file);
+            p.Panes(1).ImageFile = file;
+        });
+        QVERIFY(QDir(store).removeRecursively());
+        h.Undo();
+        QCOMPARE(QFileInfo::exists(file), false);
+        QCOMPARE(p.Panes(1).ImageFile, kNone);
+        h.Redo();
+        QCOMPARE(p.Panes(1).ImageFile, file);
     }
 
     void ctrlZAfterDragAndTheEditMenu() {
